@@ -1,0 +1,15 @@
+# The simulated exchange, relative to src/feed. Listed here so that the folder keeps its own account of its files.
+set(DEPTH_FEED_SIMULATION_SOURCES
+  record_making.cpp
+  simulation/ArrivalTimes.cpp
+  simulation/AuctionPrice.cpp
+  simulation/MarketChannel.cpp
+  simulation/MatchingBook.cpp
+  simulation/OrderFlow.cpp
+  simulation/Random.cpp
+  simulation/SimulatedExchange.cpp
+  simulation/SimulationSettings.cpp
+  simulation/TickSet.cpp
+  simulation/TradingHours.cpp
+  simulation/TrueBook.cpp
+  simulation/published_rows.cpp)
