@@ -1,0 +1,11 @@
+#!/usr/bin/env bash
+# Every C++ file is formatted as .clang-format says. With --fix, formats them.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+tool=$(command -v clang-format-14 || command -v clang-format)
+mapfile -t files < <(git ls-files '*.h' '*.cpp')
+if [[ "${1:-}" == "--fix" ]]; then
+  "$tool" -i "${files[@]}"
+  exit 0
+fi
+"$tool" --dry-run -Werror "${files[@]}"
