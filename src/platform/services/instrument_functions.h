@@ -1,0 +1,23 @@
+#pragma once
+
+#include "records/CInstrumentDetail.h"
+
+#include <QString>
+
+/// Questions to an instrument's reference record. Any thread; a null detail is allowed.
+namespace Kel {
+
+/// Market code and instrument code joined, "SH600519": the key that the stock manager knows the instrument by
+/// and that feed calls are addressed with. Empty for null.
+QString getDetailQsKey(const nelservice::CInstrumentDetailPtr& detail);
+
+/// Smallest price step, yuan: always positive and finite, 0.01 where the record gives none.
+double getDetailPriceTick(const nelservice::CInstrumentDetailPtr& detail);
+
+/// Previous close, yuan; 0 for null.
+double getDetailLastClose(const nelservice::CInstrumentDetailPtr& detail);
+
+/// Market code; empty for null.
+std::string getDetailMarket(const nelservice::CInstrumentDetailPtr& detail);
+
+} // namespace Kel

@@ -1,0 +1,20 @@
+#pragma once
+
+namespace utils {
+
+/// The one object of `T`, made on first use and destroyed at the end of the process, in reverse order of
+/// making. Any thread may call `instance`; what the object itself allows is its class's contract.
+template <class T>
+class CSingletonT
+{
+public:
+    CSingletonT() = delete;
+
+    static T& instance()
+    {
+        static T object;
+        return object;
+    }
+};
+
+} // namespace utils

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <QString>
+
+#include <cstdint>
+
+/// Times of the exchanges: UTC+8 all year, whatever zone the machine is in. Moments are milliseconds since
+/// 1970-01-01 UTC. All functions may be called on any thread. A moment outside the years 1 to 9999 is taken
+/// as the nearest one inside.
+namespace utils {
+
+constexpr std::int64_t kMSecPerSecond = 1000;
+constexpr std::int64_t kMSecPerDay = 24 * 60 * 60 * kMSecPerSecond;
+
+/// Milliseconds of a clock that only goes forward; only differences mean anything.
+std::int64_t clockMSec();
+
+/// The current moment.
+std::int64_t currentMSecSince1970();
+
+/// Midnight, exchange time, of the day that the moment lies in.
+std::int64_t exchangeDayStart(std::int64_t msSince1970);
+
+/// The moment of a date (20230201) and a time of day at the exchange. A date that is not in the calendar, or
+/// a time of day outside 00:00:00.000 to 23:59:59.999, gives -1.
+std::int64_t exchangeTime(int yyyymmdd, int hour, int minute, int second, int millisecond);
+
+/// Date at the exchange, as 20230201.
+int exchangeDate(std::int64_t msSince1970);
+
+/// Milliseconds since midnight at the exchange, 0 to 86,399,999.
+std::int64_t timeOfDayMs(std::int64_t msSince1970);
+
+/// Time of day at the exchange, "09:30:00" or with milliseconds "09:30:00.120".
+QString clockText(std::int64_t msSince1970, bool withMs);
+
+/// Date and time at the exchange, "2023-02-01 09:30:00.120".
+QString exchangeTimestamp(std::int64_t msSince1970);
+
+/// Reads a time of day, "9:30", "09:30", "09:30:15", "09:30:15.120" (one to three decimals), into
+/// milliseconds since midnight. Any other text is refused: false, and `ms` is left as it is.
+bool parseTimeOfDay(const QString& text, std::int64_t& ms);
+
+/// A moment as text. `seconds` counts from 1970-01-01 UTC, decimals are cut; with `exchangeClock` the text
+/// shows exchange time, else UTC. `gbkFormat` is a printf format in GBK encoding with up to six int
+/// conversions ("%d", "%2d",
+/// "%04d", ...), which take year, month, day, hour, minute and second in turn; "%%" is a percent sign.
+/// Anything else after a percent sign, more than six conversions, a null format, a time that is not finite or
+/// lies outside the years 1 to 9999: empty text.
+QString getFullTextTimeByTime(double seconds, bool exchangeClock, const char* gbkFormat);
+
+} // namespace utils
