@@ -98,9 +98,10 @@ bool CDepthModelOrderQueue::standsDown(const nelservice::CInstrumentDetail& deta
 template <class Container>
 void CDepthModelOrderQueue::releaseLater(Container& container)
 {
-    const auto old = boost::make_shared<Container>();
+    auto old = boost::make_shared<Container>();
     old->swap(container);
-    net::RPCEngine::getStrand("data_release")->post([old]() mutable { old.reset(); });
+    // Moved into the job: no owner is left here that could be the last one.
+    net::RPCEngine::getStrand("data_release")->post([old = std::move(old)]() mutable { old.reset(); });
 }
 
 void CDepthModelOrderQueue::clear(bool bClearUICache)
