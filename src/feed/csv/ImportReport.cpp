@@ -1,8 +1,11 @@
 #include "feed/csv/ImportReport.h"
 
+#include "feed/csv/read_rows.h"
+
 namespace feed {
 
 const char* const kCutLastLine = "cut last line";
+const char* const kSkippedLine = "skipped";
 
 void RejectList::add(const std::string& file, std::int64_t line, const std::string& reason)
 {
@@ -32,7 +35,7 @@ bool ImportReport::truncated() const
 void ImportReport::reject(FileReport& file, std::int64_t line, const std::string& reason)
 {
     rejects.add(file.file, line, reason);
-    if (reason == kCutLastLine)
+    if (reason == std::string(kCutLastLine))
         file.truncated = true;
     else
         ++file.rejected;
@@ -48,7 +51,7 @@ Error ImportReport::tooManyRejects(double share) const
         error.reason =
             std::to_string(file.rejected) + " of " + std::to_string(file.lines) + " lines rejected";
         for (const Reject& reject : rejects.listed()) {
-            if (reject.file != file.file || reject.reason == kCutLastLine)
+            if (reject.file != file.file || reject.reason == std::string(kCutLastLine))
                 continue;
             error.reason += ", the first in line " + std::to_string(reject.line) + ": " + reject.reason;
             break;

@@ -1,0 +1,221 @@
+#include "feed/archive/DayArchiveWriter.h"
+
+#include "feed/archive/DayArchiveReader.h"
+#include "feed/archive/archive_tables.h"
+#include "feed/csv/values.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <system_error>
+
+namespace feed {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+const char* const kTableNames[] = {"orders.csv", "deals.csv", "snapshots.csv", "queues.csv"};
+const char* const kInstrumentsName = "instruments.csv";
+const char* const kPackedSuffix = ".zst";
+
+std::string tableHeader(int table)
+{
+    switch (table) {
+    case 0:
+        return kOrdersHeader;
+    case 1:
+        return kDealsHeader;
+    case 2:
+        return snapshotsHeader();
+    default:
+        return kQueuesHeader;
+    }
+}
+
+bool createFolder(const std::string& folder, Error& error)
+{
+    std::error_code code;
+    fs::create_directories(folder, code);
+    if (!code && fs::is_directory(folder, code))
+        return true;
+    error = {folder, 0, "cannot be created" + (code ? ": " + code.message() : std::string())};
+    return false;
+}
+
+} // namespace
+
+DayArchiveWriter::DayArchiveWriter(std::string folder, Options options)
+    : m_folder(std::move(folder)), m_options(options)
+{
+}
+
+DayArchiveWriter::DayArchiveWriter(std::string folder) : DayArchiveWriter(std::move(folder), Options()) {}
+
+DayArchiveWriter::~DayArchiveWriter() = default;
+
+bool DayArchiveWriter::beginInstrument(const nelservice::CInstrumentDetail& detail, std::int64_t tradingDay)
+{
+    if (m_error)
+        return false;
+    giveUpInstrument();
+    if (!isInstrumentKey(detail.market, detail.code))
+        return fail({m_folder, 0, "no name for a folder: " + detail.market + detail.code});
+    if (!isDate(tradingDay))
+        return fail({m_folder, 0, "no trading day: " + std::to_string(tradingDay)});
+    Error error;
+    if (!createFolder(m_folder, error) || !loadExisting())
+        return fail(error);
+    for (const ArchivedInstrument& other : m_instruments) {
+        if (other.tradingDay != tradingDay)
+            return fail({m_folder, 0, "holds another day: " + std::to_string(other.tradingDay)});
+    }
+    m_current = std::make_unique<ArchivedInstrument>();
+    m_current->detail = detail;
+    m_current->tradingDay = tradingDay;
+    m_instrumentFolder = m_folder + "/" + m_current->key();
+    if (!createFolder(m_instrumentFolder, error))
+        return fail(error);
+    m_inInstrument = true;
+    return true;
+}
+
+template <class Row>
+void DayArchiveWriter::append(Table table, const Row& row)
+{
+    if (m_error || !m_inInstrument)
+        return;
+    TableFile& file = m_tables[table];
+    if (!file.isOpen() && !openTable(table))
+        return;
+    if (!isWritable(row)) {
+        fail({file.path(), 0, "a row has a price that is not finite"});
+        return;
+    }
+    appendLine(file.text(), row);
+    if (!file.flushIfLarge())
+        fail(file.error());
+}
+
+void DayArchiveWriter::onOrder(const OrderRow& row)
+{
+    append(Orders, row);
+}
+
+void DayArchiveWriter::onDeal(const DealRow& row)
+{
+    append(Deals, row);
+}
+
+void DayArchiveWriter::onSnapshot(const SnapshotRow& row)
+{
+    append(Snapshots, row);
+}
+
+void DayArchiveWriter::onQueue(const QueueRow& row)
+{
+    append(Queues, row);
+}
+
+bool DayArchiveWriter::finishInstrument()
+{
+    if (m_error || !m_inInstrument)
+        return false;
+    for (int table = 0; table < TableCount; ++table) {
+        TableFile& file = m_tables[table];
+        const bool written = file.isOpen();
+        if (written && !file.commit())
+            return fail(file.error());
+        // What an earlier writing left in the other form, or of a kind that this day has not, is no part of
+        // it.
+        const std::string plain = m_instrumentFolder + "/" + kTableNames[table];
+        std::error_code code;
+        if (!written || m_options.compress)
+            fs::remove(plain, code);
+        if (!written || !m_options.compress)
+            fs::remove(plain + kPackedSuffix, code);
+        if (code)
+            return fail({plain, 0, "cannot be replaced: " + code.message()});
+    }
+    const auto same = [&](const ArchivedInstrument& other) { return other.key() == m_current->key(); };
+    m_instruments.erase(std::remove_if(m_instruments.begin(), m_instruments.end(), same),
+                        m_instruments.end());
+    m_instruments.push_back(*m_current);
+    m_inInstrument = false;
+    return true;
+}
+
+bool DayArchiveWriter::finish()
+{
+    giveUpInstrument();
+    Error error;
+    if (m_error || !createFolder(m_folder, error) || !loadExisting())
+        return fail(error);
+    TableFile file;
+    if (!file.open(m_folder + "/" + kInstrumentsName, false))
+        return fail(file.error());
+    file.text() = std::string(kInstrumentsHeader) + "\n";
+    for (const ArchivedInstrument& instrument : m_instruments)
+        appendLine(file.text(), instrument);
+    return file.commit() || fail(file.error());
+}
+
+bool DayArchiveWriter::write(const InstrumentDay& day)
+{
+    if (!beginInstrument(day.detail, day.tradingDay))
+        return false;
+    for (const OrderRow& row : day.orders)
+        onOrder(row);
+    for (const DealRow& row : day.deals)
+        onDeal(row);
+    for (const SnapshotRow& row : day.snapshots)
+        onSnapshot(row);
+    for (const QueueRow& row : day.queues)
+        onQueue(row);
+    return finishInstrument();
+}
+
+bool DayArchiveWriter::openTable(Table table)
+{
+    const std::string path =
+        m_instrumentFolder + "/" + kTableNames[table] + (m_options.compress ? kPackedSuffix : "");
+    TableFile& file = m_tables[table];
+    if (!file.open(path, m_options.compress))
+        return fail(file.error());
+    file.text() = tableHeader(table) + "\n";
+    return true;
+}
+
+bool DayArchiveWriter::fail(const Error& error)
+{
+    if (!m_error && error)
+        m_error = error;
+    giveUpInstrument();
+    return false;
+}
+
+bool DayArchiveWriter::loadExisting()
+{
+    if (m_existingLoaded)
+        return true;
+    std::error_code code;
+    if (fs::exists(m_folder + "/" + kInstrumentsName, code)) {
+        const DayArchiveReader existing(m_folder);
+        if (existing.error())
+            return fail(existing.error());
+        if (existing.report().rejects.count() > 0)
+            return fail({m_folder + "/" + kInstrumentsName, existing.report().rejects.listed().front().line,
+                         "cannot be kept: " + existing.report().rejects.listed().front().reason});
+        m_instruments = existing.instruments();
+    }
+    m_existingLoaded = true;
+    return true;
+}
+
+void DayArchiveWriter::giveUpInstrument()
+{
+    for (TableFile& file : m_tables)
+        file.discard();
+    m_inInstrument = false;
+}
+
+} // namespace feed
