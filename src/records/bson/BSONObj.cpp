@@ -15,6 +15,8 @@ bool find(const bson_t* document, const std::string& name, bson_iter_t& element)
            bson_iter_find_w_len(&element, name.data(), static_cast<int>(name.size()));
 }
 
+constexpr const char* kJsonSpace = " \t\r\n";
+
 bool fail(std::string* error, const char* why)
 {
     if (error != nullptr)
@@ -93,9 +95,9 @@ std::optional<bool> BSONObj::boolField(const std::string& name) const
 
 bool BSONObj::fromJson(const std::string& text, BSONObj& object, std::string* error)
 {
-    // The reader also takes a bare array for a document.
-    const std::size_t first = text.find_first_not_of(" \t\r\n");
-    if (first == std::string::npos || text[first] != '{')
+    // The reader also takes a bare array for a document, and a comma after one.
+    const std::size_t first = text.find_first_not_of(kJsonSpace);
+    if (first == std::string::npos || text[first] != '{' || text[text.find_last_not_of(kJsonSpace)] != '}')
         return fail(error, "not a JSON object");
     const Reader reader(bson_json_data_reader_new(true, 0), bson_json_reader_destroy);
     bson_json_data_reader_ingest(reader.get(), reinterpret_cast<const std::uint8_t*>(text.data()),
