@@ -248,10 +248,15 @@ namespace {
 struct LateHolder
 {
     boost::shared_ptr<RPCEngine::Strand> strand;
+    std::atomic<int> ran{0};
     ~LateHolder()
     {
-        if (strand)
-            strand->post([] { std::_Exit(1); });
+        if (!strand)
+            return;
+        strand->post([] { std::_Exit(1); });
+        RPCEngine::drain("late");
+        if (ran != 100)
+            std::_Exit(2);
     }
 };
 

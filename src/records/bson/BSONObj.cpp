@@ -1,6 +1,6 @@
 #include "records/bson/BSONObj.h"
 
-#include <bson/bson.h>
+#include "records/bson/Document.h"
 
 #include <limits>
 #include <utility>
@@ -9,9 +9,9 @@ namespace bson {
 
 namespace {
 
-bool find(const bson_t* document, const std::string& name, bson_iter_t& element)
+bool find(const Document& document, const std::string& name, bson_iter_t& element)
 {
-    return bson_iter_init(&element, document) &&
+    return bson_iter_init(&element, document.get()) &&
            bson_iter_find_w_len(&element, name.data(), static_cast<int>(name.size()));
 }
 
@@ -28,25 +28,25 @@ using Reader = std::unique_ptr<bson_json_reader_t, decltype(&bson_json_reader_de
 
 } // namespace
 
-BSONObj::BSONObj() : m_document(bson_new(), bson_destroy) {}
+BSONObj::BSONObj() : m_document(std::make_shared<Document>()) {}
 
-BSONObj::BSONObj(ConstDocumentPtr document) : m_document(std::move(document)) {}
+BSONObj::BSONObj(std::shared_ptr<const Document> document) : m_document(std::move(document)) {}
 
 bool BSONObj::isEmpty() const
 {
-    return bson_empty(m_document.get());
+    return bson_empty(m_document->get());
 }
 
 bool BSONObj::hasField(const std::string& name) const
 {
     bson_iter_t element;
-    return find(m_document.get(), name, element);
+    return find(*m_document, name, element);
 }
 
 std::optional<std::string> BSONObj::stringField(const std::string& name) const
 {
     bson_iter_t element;
-    if (!find(m_document.get(), name, element) || !BSON_ITER_HOLDS_UTF8(&element))
+    if (!find(*m_document, name, element) || !BSON_ITER_HOLDS_UTF8(&element))
         return std::nullopt;
     std::uint32_t length = 0;
     const char* const text = bson_iter_utf8(&element, &length);
@@ -56,7 +56,7 @@ std::optional<std::string> BSONObj::stringField(const std::string& name) const
 std::optional<std::int64_t> BSONObj::longField(const std::string& name) const
 {
     bson_iter_t element;
-    if (!find(m_document.get(), name, element))
+    if (!find(*m_document, name, element))
         return std::nullopt;
     if (BSON_ITER_HOLDS_INT32(&element))
         return bson_iter_int32(&element);
@@ -77,7 +77,7 @@ std::optional<std::int32_t> BSONObj::intField(const std::string& name) const
 std::optional<double> BSONObj::numberField(const std::string& name) const
 {
     bson_iter_t element;
-    if (find(m_document.get(), name, element) && BSON_ITER_HOLDS_DOUBLE(&element))
+    if (find(*m_document, name, element) && BSON_ITER_HOLDS_DOUBLE(&element))
         return bson_iter_double(&element);
     const std::optional<std::int64_t> whole = longField(name);
     if (whole)
@@ -88,7 +88,7 @@ std::optional<double> BSONObj::numberField(const std::string& name) const
 std::optional<bool> BSONObj::boolField(const std::string& name) const
 {
     bson_iter_t element;
-    if (!find(m_document.get(), name, element) || !BSON_ITER_HOLDS_BOOL(&element))
+    if (!find(*m_document, name, element) || !BSON_ITER_HOLDS_BOOL(&element))
         return std::nullopt;
     return bson_iter_bool(&element);
 }
@@ -103,13 +103,13 @@ bool BSONObj::fromJson(const std::string& text, BSONObj& object, std::string* er
     bson_json_data_reader_ingest(reader.get(), reinterpret_cast<const std::uint8_t*>(text.data()),
                                  text.size());
     bson_error_t failure;
-    const DocumentPtr document(bson_new(), bson_destroy);
-    const int read = bson_json_reader_read(reader.get(), document.get(), &failure);
+    const auto document = std::make_shared<Document>();
+    const int read = bson_json_reader_read(reader.get(), document->get(), &failure);
     if (read < 0)
         return fail(error, failure.message);
     if (read == 0)
         return fail(error, "the object is not complete");
-    const DocumentPtr rest(bson_new(), bson_destroy);
+    Document rest;
     if (bson_json_reader_read(reader.get(), rest.get(), &failure) != 0)
         return fail(error, "text after the end of the object");
     object = BSONObj(document);

@@ -5,13 +5,9 @@
 #include <optional>
 #include <string>
 
-struct _bson_t;
-
 namespace bson {
 
-/// The C library's document, freed with the last holder.
-using DocumentPtr = std::shared_ptr<_bson_t>;
-using ConstDocumentPtr = std::shared_ptr<const _bson_t>;
+class Document;
 
 /// A BSON document, never changed after it was made. A value: copies share the bytes. Any thread may read.
 ///
@@ -42,14 +38,14 @@ public:
     /// as it is and `error`, if given, tells why.
     static bool fromJson(const std::string& text, BSONObj& object, std::string* error);
 
-    /// The document itself, for who works with the C library.
-    const _bson_t* document() const { return m_document.get(); }
+    /// The bytes, for the files beside this one.
+    const Document& document() const { return *m_document; }
 
 private:
     friend class BSONObjBuilder;
-    explicit BSONObj(ConstDocumentPtr document);
+    explicit BSONObj(std::shared_ptr<const Document> document);
 
-    ConstDocumentPtr m_document; ///< never null
+    std::shared_ptr<const Document> m_document; ///< never null
 };
 
 } // namespace bson

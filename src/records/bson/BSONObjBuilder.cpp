@@ -1,6 +1,6 @@
 #include "records/bson/BSONObjBuilder.h"
 
-#include <bson/bson.h>
+#include "records/bson/Document.h"
 
 #include <limits>
 
@@ -27,17 +27,17 @@ constexpr std::size_t kLongestText = std::numeric_limits<int>::max() / 4;
 
 } // namespace
 
-BSONObjBuilder::BSONObjBuilder() : m_document(bson_new(), bson_destroy) {}
+BSONObjBuilder::BSONObjBuilder() : m_document(std::make_shared<Document>()) {}
 
 BSONObjBuilder& BSONObjBuilder::append(const std::string& name, double value)
 {
-    bson_append_double(m_document.get(), validName(name).c_str(), -1, value);
+    bson_append_double(m_document->get(), validName(name).c_str(), -1, value);
     return *this;
 }
 
 BSONObjBuilder& BSONObjBuilder::append(const std::string& name, int value)
 {
-    bson_append_int32(m_document.get(), validName(name).c_str(), -1, value);
+    bson_append_int32(m_document->get(), validName(name).c_str(), -1, value);
     return *this;
 }
 
@@ -48,13 +48,13 @@ BSONObjBuilder& BSONObjBuilder::append(const std::string& name, long value)
 
 BSONObjBuilder& BSONObjBuilder::append(const std::string& name, long long value)
 {
-    bson_append_int64(m_document.get(), validName(name).c_str(), -1, value);
+    bson_append_int64(m_document->get(), validName(name).c_str(), -1, value);
     return *this;
 }
 
 BSONObjBuilder& BSONObjBuilder::append(const std::string& name, bool value)
 {
-    bson_append_bool(m_document.get(), validName(name).c_str(), -1, value);
+    bson_append_bool(m_document->get(), validName(name).c_str(), -1, value);
     return *this;
 }
 
@@ -68,7 +68,7 @@ BSONObjBuilder& BSONObjBuilder::append(const std::string& name, const std::strin
     if (value.size() > kLongestText)
         return *this;
     const std::string text = validText(value);
-    bson_append_utf8(m_document.get(), validName(name).c_str(), -1, text.data(),
+    bson_append_utf8(m_document->get(), validName(name).c_str(), -1, text.data(),
                      static_cast<int>(text.size()));
     return *this;
 }
@@ -80,7 +80,7 @@ BSONObjBuilder& BSONObjBuilder::append(const std::string& name, const QString& v
 
 BSONObj BSONObjBuilder::obj() const
 {
-    return BSONObj(ConstDocumentPtr(bson_copy(m_document.get()), bson_destroy));
+    return BSONObj(std::make_shared<const Document>(m_document->get()));
 }
 
 } // namespace bson

@@ -4,6 +4,7 @@
 
 #include <QString>
 
+#include <memory>
 #include <string>
 
 namespace bson {
@@ -33,7 +34,7 @@ public:
     BSONObj obj() const;
 
 private:
-    DocumentPtr m_document;
+    std::shared_ptr<Document> m_document;
 };
 
 } // namespace bson

@@ -2,7 +2,7 @@
 
 #include "records/bson/BSONObj.h"
 
-#include <bson/bson.h>
+#include "records/bson/Document.h"
 
 #include <memory>
 
@@ -11,7 +11,7 @@ namespace bson {
 std::string jsonString(const BSONObj& object)
 {
     std::size_t length = 0;
-    const std::unique_ptr<char, decltype(&bson_free)> text(bson_as_json(object.document(), &length),
+    const std::unique_ptr<char, decltype(&bson_free)> text(bson_as_json(object.document().get(), &length),
                                                            bson_free);
     return text ? std::string(text.get(), length) : std::string();
 }
