@@ -210,4 +210,14 @@ void SimulatedExchange::publishSnapshot(RowSink& sink)
         publishAuction(auctionMatch(m_book, reference), m_book.scale(), m_channel, m_phase, previousClose));
 }
 
+InstrumentDay simulatedDay(const SimulationSettings& settings)
+{
+    SimulatedExchange exchange(settings);
+    InstrumentDay day;
+    day.detail = exchange.settings().detail;
+    day.tradingDay = exchange.settings().tradingDay;
+    exchange.runDay(day);
+    return day;
+}
+
 } // namespace feed

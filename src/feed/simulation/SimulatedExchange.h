@@ -111,4 +111,7 @@ private:
     std::int64_t m_refused = 0;
 };
 
+/// A whole day in memory, with the instrument's record and its price limits. Any thread.
+InstrumentDay simulatedDay(const SimulationSettings& settings);
+
 } // namespace feed

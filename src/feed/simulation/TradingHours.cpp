@@ -14,15 +14,6 @@ int daysInMonth(std::int64_t year, std::int64_t month)
     return month == 2 && leap ? 29 : kDays[month - 1];
 }
 
-bool isDay(std::int64_t yyyymmdd)
-{
-    const std::int64_t year = yyyymmdd / 10000;
-    const std::int64_t month = yyyymmdd / 100 % 100;
-    const std::int64_t day = yyyymmdd % 100;
-    return year >= 1970 && year <= 9999 && month >= 1 && month <= 12 && day >= 1 &&
-           day <= daysInMonth(year, month);
-}
-
 /// Days since 1970-01-01 of a date of the Gregorian calendar, counted in years that begin in March.
 std::int64_t daysSinceEpoch(std::int64_t year, std::int64_t month, std::int64_t day)
 {
@@ -64,9 +55,18 @@ bool takesCancels(double secondOfDay)
     return phase == Phase::Continuous || (phase == Phase::OpeningAuction && secondOfDay < kNoCancels);
 }
 
+bool isCalendarDay(std::int64_t yyyymmdd)
+{
+    const std::int64_t year = yyyymmdd / 10000;
+    const std::int64_t month = yyyymmdd / 100 % 100;
+    const std::int64_t day = yyyymmdd % 100;
+    return year >= 1970 && year <= 9999 && month >= 1 && month <= 12 && day >= 1 &&
+           day <= daysInMonth(year, month);
+}
+
 std::int64_t midnightOf(std::int64_t yyyymmdd)
 {
-    const std::int64_t day = isDay(yyyymmdd) ? yyyymmdd : kFallbackDay;
+    const std::int64_t day = isCalendarDay(yyyymmdd) ? yyyymmdd : kFallbackDay;
     return daysSinceEpoch(day / 10000, day / 100 % 100, day % 100) * kDayMs - kZoneMs;
 }
 

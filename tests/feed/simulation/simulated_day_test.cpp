@@ -67,13 +67,6 @@ std::uint64_t digestOf(const SimulationSettings& settings)
     return digest.value;
 }
 
-InstrumentDay dayOf(const SimulationSettings& settings)
-{
-    InstrumentDay day;
-    SimulatedExchange(settings).runDay(day);
-    return day;
-}
-
 int secondOf(std::int64_t time, const SimulationSettings& settings)
 {
     return static_cast<int>((time - hours::midnightOf(settings.tradingDay)) / 1000);
@@ -131,7 +124,7 @@ TEST(SimulatedDay, RunUntilDeliversWhatIsDueAndNothingLater)
 TEST(SimulatedDay, SnapshotsComeEveryThreeSecondsAndAtEachPhase)
 {
     const SimulationSettings settings = shanghaiStock(2);
-    const InstrumentDay day = dayOf(settings);
+    const InstrumentDay day = simulatedDay(settings);
     std::set<int> seconds;
     for (const SnapshotRow& row : day.snapshots) {
         EXPECT_TRUE(seconds.insert(secondOf(row.time, settings)).second) << "two snapshots of one second";
@@ -154,20 +147,32 @@ TEST(SimulatedDay, SnapshotsComeEveryThreeSecondsAndAtEachPhase)
 TEST(SimulatedDay, QueuesArePublishedInContinuousTradingOnly)
 {
     SimulationSettings settings = shanghaiStock(2);
-    const InstrumentDay day = dayOf(settings);
+    const InstrumentDay day = simulatedDay(settings);
     EXPECT_NEAR(double(day.queues.size()), (7200 + 7020) / 3.0, 10);
     for (const QueueRow& row : day.queues)
         EXPECT_EQ(hours::phaseAt(secondOf(row.time, settings)), Phase::Continuous);
     settings.deliverQueues = false;
-    EXPECT_TRUE(dayOf(settings).queues.empty());
+    EXPECT_TRUE(simulatedDay(settings).queues.empty());
+}
+
+TEST(SimulatedDay, AWholeDayKnowsItsInstrumentAndItsLimits)
+{
+    SimulationSettings settings = growthBoardStock(2);
+    settings.orders = 500;
+    settings.tradingDay = 20231299;
+    const InstrumentDay day = simulatedDay(settings);
+    EXPECT_EQ(day.detail.code, settings.detail.code);
+    EXPECT_EQ(day.detail.upperLimit, 343.42);
+    EXPECT_EQ(day.tradingDay, 20230201) << "a day that is none is the usual one";
+    EXPECT_EQ(day.snapshots.front().time, hours::midnightOf(20230201) + std::int64_t(hours::kStart) * 1000);
 }
 
 TEST(SimulatedDay, NumbersFollowTheExchangesStyle)
 {
-    const InstrumentDay shenzhen = dayOf(shenzhenStock(3));
+    const InstrumentDay shenzhen = simulatedDay(shenzhenStock(3));
     for (const OrderRow& row : shenzhen.orders)
         ASSERT_EQ(row.number, row.seq);
-    const InstrumentDay shanghai = dayOf(shanghaiStock(3));
+    const InstrumentDay shanghai = simulatedDay(shanghaiStock(3));
     int different = 0;
     for (const OrderRow& row : shanghai.orders)
         different += row.number != row.seq ? 1 : 0;
@@ -194,7 +199,7 @@ TEST(SimulatedDay, OrdersOutsideThePriceLimitsAreRefusedAndNeverPublished)
 
 TEST(SimulatedDay, BrokenLotsAreSoldButNotBought)
 {
-    const InstrumentDay day = dayOf(shenzhenStock(3));
+    const InstrumentDay day = simulatedDay(shenzhenStock(3));
     int broken = 0;
     for (const OrderRow& row : day.orders) {
         if (row.volume % 100 != 0) {

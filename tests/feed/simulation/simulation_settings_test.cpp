@@ -1,5 +1,5 @@
-#include "feed/simulation/SimulationSettings.h"
 #include "feed/simulation/SimulatedExchange.h"
+#include "feed/simulation/SimulationSettings.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
-#include "feed/simulation/TrueBook.h"
 #include "feed/simulation/Random.h"
+#include "feed/simulation/TrueBook.h"
 
 #include <gtest/gtest.h>
 
