@@ -269,7 +269,7 @@ private:
     void forgetNumber(OrderQueueData& level, std::int64_t number);
 
     CalcMoment calcMoment() const;
-    int getTenPrice(const CalcMoment& moment, Kel::EOrderQueueType type, int index);
+    int tenPrice(const CalcMoment& moment, Kel::EOrderQueueType type, int index);
     void buildTenPrices(const CalcMoment& moment);
     void calcSide(const CalcMoment& moment, EOrderQueueType side, int index, int key, SideTotal& total);
     QString headerLine(const char* pattern, const SideTotal& total) const;

@@ -69,8 +69,8 @@ void CDepthModelOrderQueue::calcOrder()
     SideTotal buy;
     SideTotal sell;
     for (int i = 0; i < kLevels; ++i) {
-        const int buyKey = getTenPrice(moment, OQT_BUY, i);
-        const int sellKey = getTenPrice(moment, OQT_SELL, i);
+        const int buyKey = tenPrice(moment, OQT_BUY, i);
+        const int sellKey = tenPrice(moment, OQT_SELL, i);
         calcSide(moment, OQT_BUY, i, buyKey, buy);
         calcSide(moment, OQT_SELL, i, sellKey, sell);
     }
@@ -141,10 +141,10 @@ int CDepthModelOrderQueue::getTenPrice(EOrderQueueType type, int index)
     if (index < 0 || index >= kLevels)
         return 0;
     const CalcMoment moment = calcMoment();
-    return moment.depth ? getTenPrice(moment, type, index) : 0;
+    return moment.depth ? tenPrice(moment, type, index) : 0;
 }
 
-int CDepthModelOrderQueue::getTenPrice(const CalcMoment& moment, EOrderQueueType type, int index)
+int CDepthModelOrderQueue::tenPrice(const CalcMoment& moment, EOrderQueueType type, int index)
 {
     if (moment.snapshotPrices)
         return keyOf(type == OQT_SELL ? moment.depth->askPrice[index] : moment.depth->bidPrice[index]);
