@@ -49,10 +49,11 @@ bool isConvertibleBond(const std::string& market, const std::string& code);
 /// pass 0.
 bool isLoan(const std::string& market, const std::string& code, int flags);
 
-/// A repurchase of government bonds at Shenzhen, 131xxx. Looks at the code only, whatever the market is.
+/// A repurchase of government bonds at Shenzhen, 131000 to 131999. Looks at the code only, whatever the
+/// market is.
 bool isShenzhenGovernmentLoanRepurchase(const std::string& code);
 
-/// A repurchase of government bonds: 204xxx at Shanghai, 131xxx at Shenzhen.
+/// A repurchase of government bonds: 204000 to 204999 at Shanghai, 131000 to 131999 at Shenzhen.
 bool isGovernmentLoanRepurchase(const std::string& market, const std::string& code);
 
 /// Shenzhen's growth board ("创业板").
