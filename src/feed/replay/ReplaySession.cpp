@@ -1,0 +1,279 @@
+#include "feed/replay/ReplaySession.h"
+
+#include "feed/record_making.h"
+#include "platform/utils/volume_unit.h"
+
+#include <boost/make_shared.hpp>
+
+#include <algorithm>
+
+namespace feed {
+
+namespace {
+
+constexpr int kStatusFirst = 0;
+constexpr int kStatusLive = 1;
+constexpr int kStatusHistory = 3;
+constexpr int kStatusSnapshot = -1;
+
+constexpr std::size_t kMostLiveOrders = 100;
+constexpr std::size_t kSmallestHistoryBatch = 2 * kMostLiveOrders;
+
+Kel::MetaCacheDataWrapperPtr wrapped(quoter::QuoterBatch records, const nelservice::CInstrumentDetail& detail)
+{
+    const Kel::MetaCacheDataWrapperPtr batch = boost::make_shared<Kel::MetaCacheDataWrapper>();
+    batch->data = std::move(records);
+    batch->market = detail.market;
+    batch->instrument = detail.code;
+    return batch;
+}
+
+} // namespace
+
+ReplaySession::ReplaySession(const InstrumentDay& day, FeedSink& sink, ReplayOptions options)
+    : m_day(day), m_sink(sink), m_options(options), m_key(day.detail.market + day.detail.code)
+{
+    m_options.historyBatch = std::max(m_options.historyBatch, kSmallestHistoryBatch);
+    m_options.mostLiveOrders = std::clamp<std::size_t>(m_options.mostLiveOrders, 1, kMostLiveOrders);
+    m_options.flushInterval = std::max<std::int64_t>(m_options.flushInterval, 1);
+    if (!(m_options.volumeUnit > 0))
+        m_options.volumeUnit = utils::getVolumeUnit(day.detail.market, day.detail.code);
+    std::int64_t time = 0;
+    if (next(m_at, time) == Kind::None)
+        return;
+    m_firstTime = time;
+    m_lastTime = time;
+    for (const OrderRow& row : day.orders)
+        m_lastTime = std::max(m_lastTime, row.time);
+    for (const DealRow& row : day.deals)
+        m_lastTime = std::max(m_lastTime, row.time);
+    for (const QueueRow& row : day.queues)
+        m_lastTime = std::max(m_lastTime, row.time);
+    for (const SnapshotRow& row : day.snapshots)
+        m_lastTime = std::max(m_lastTime, row.time);
+}
+
+ReplaySession::ReplaySession(const InstrumentDay& day, FeedSink& sink)
+    : ReplaySession(day, sink, ReplayOptions())
+{
+}
+
+ReplaySession::Kind ReplaySession::next(const Position& at, std::int64_t& time) const
+{
+    Kind kind = Kind::None;
+    const bool order = at.orders < m_day.orders.size();
+    const bool deal = at.deals < m_day.deals.size();
+    if (order && (!deal || m_day.orders[at.orders].seq <= m_day.deals[at.deals].seq)) {
+        kind = Kind::Order;
+        time = std::max(m_day.orders[at.orders].time, at.sequenceTime);
+    } else if (deal) {
+        kind = Kind::Deal;
+        time = std::max(m_day.deals[at.deals].time, at.sequenceTime);
+    }
+    // What was published of a moment follows the records of that moment.
+    if (at.queues < m_day.queues.size() && (kind == Kind::None || m_day.queues[at.queues].time < time)) {
+        kind = Kind::Queue;
+        time = m_day.queues[at.queues].time;
+    }
+    if (at.snapshots < m_day.snapshots.size() &&
+        (kind == Kind::None || m_day.snapshots[at.snapshots].time < time)) {
+        kind = Kind::Snapshot;
+        time = m_day.snapshots[at.snapshots].time;
+    }
+    return kind;
+}
+
+void ReplaySession::pass(Position& at, Kind kind, std::int64_t time)
+{
+    switch (kind) {
+    case Kind::Order:
+        ++at.orders;
+        at.sequenceTime = time;
+        break;
+    case Kind::Deal:
+        ++at.deals;
+        at.sequenceTime = time;
+        break;
+    case Kind::Queue:
+        ++at.queues;
+        break;
+    case Kind::Snapshot:
+        ++at.snapshots;
+        break;
+    case Kind::None:
+        break;
+    }
+}
+
+void ReplaySession::startAt(std::int64_t timeMs)
+{
+    m_started = true;
+    m_at = Position();
+    m_now = timeMs;
+    m_orderCalls = 0;
+    m_dealCalls = 0;
+    m_quoteCalls = 0;
+    Position to;
+    std::int64_t time = 0;
+    for (Kind kind = next(to, time); kind != Kind::None && time <= timeMs; kind = next(to, time))
+        pass(to, kind, time);
+    deliverHistory(to);
+    if (to.snapshots > 0) {
+        m_sink.onQuotes(m_key, m_quoteCalls++, kStatusSnapshot,
+                        {makeRecord(m_day.snapshots[to.snapshots - 1], m_options.volumeUnit)});
+    }
+    if (to.queues > 0) {
+        m_sink.onQuotes(m_key, m_quoteCalls++, kStatusFirst,
+                        {makeRecord(m_day.queues[to.queues - 1], m_options.volumeUnit)});
+    }
+    m_at = to;
+}
+
+void ReplaySession::start()
+{
+    if (!m_started)
+        startAt(m_firstTime > std::numeric_limits<std::int64_t>::min() ? m_firstTime - 1 : m_firstTime);
+}
+
+void ReplaySession::advanceTo(std::int64_t timeMs)
+{
+    start();
+    if (timeMs <= m_now)
+        return;
+    Position to = m_at;
+    std::int64_t time = 0;
+    Kind kind = next(to, time);
+    while (kind != Kind::None && time <= timeMs) {
+        // One interval, on the grid of multiples of the interval, ends at or after the next record. A record
+        // whose own moment lies before the clock (a step left it) belongs to the interval of the clock.
+        const std::int64_t from = std::max(time, m_now);
+        const std::int64_t rest = from % m_options.flushInterval;
+        const std::int64_t toGrid = rest > 0 ? m_options.flushInterval - rest : -rest;
+        // Of two times with opposite signs the difference may need the 64th bit.
+        const std::uint64_t room = static_cast<std::uint64_t>(timeMs) - static_cast<std::uint64_t>(from);
+        const std::int64_t end = room < static_cast<std::uint64_t>(toGrid) ? timeMs : from + toGrid;
+        for (; kind != Kind::None && time <= end; kind = next(to, time))
+            pass(to, kind, time);
+        m_now = end;
+        deliverUpTo(to);
+    }
+    m_now = timeMs;
+}
+
+bool ReplaySession::stepTo(Kind wanted)
+{
+    start();
+    Position to = m_at;
+    std::int64_t time = 0;
+    for (Kind kind = next(to, time); kind != Kind::None; kind = next(to, time)) {
+        pass(to, kind, time);
+        if (kind == wanted) {
+            m_now = std::max(m_now, time);
+            deliverUpTo(to);
+            return true;
+        }
+    }
+    return false;
+}
+
+bool ReplaySession::stepOrder()
+{
+    return stepTo(Kind::Order);
+}
+
+bool ReplaySession::stepDeal()
+{
+    return stepTo(Kind::Deal);
+}
+
+bool ReplaySession::stepSnapshot()
+{
+    return stepTo(Kind::Snapshot);
+}
+
+void ReplaySession::playAll()
+{
+    start();
+    advanceTo(m_lastTime);
+    // A step may have left records of the last moment.
+    Position to = m_at;
+    std::int64_t time = 0;
+    for (Kind kind = next(to, time); kind != Kind::None; kind = next(to, time))
+        pass(to, kind, time);
+    deliverUpTo(to);
+}
+
+bool ReplaySession::atEnd() const
+{
+    return m_started && m_at.orders == m_day.orders.size() && m_at.deals == m_day.deals.size() &&
+           m_at.queues == m_day.queues.size() && m_at.snapshots == m_day.snapshots.size();
+}
+
+void ReplaySession::deliverUpTo(const Position& to)
+{
+    const bool firstOrders = m_at.orders == 0 && to.orders > 0;
+    if (firstOrders)
+        deliverHistory(to);
+    else
+        deliverLive(to);
+    for (std::size_t i = m_at.queues; i < to.queues; ++i)
+        m_sink.onQuotes(m_key, m_quoteCalls++, kStatusLive,
+                        {makeRecord(m_day.queues[i], m_options.volumeUnit)});
+    for (std::size_t i = m_at.snapshots; i < to.snapshots; ++i) {
+        m_sink.onQuotes(m_key, m_quoteCalls++, kStatusSnapshot,
+                        {makeRecord(m_day.snapshots[i], m_options.volumeUnit)});
+    }
+    m_at = to;
+}
+
+void ReplaySession::deliverLive(const Position& to)
+{
+    for (std::size_t from = m_at.orders; from < to.orders;) {
+        const std::size_t end = std::min(to.orders, from + m_options.mostLiveOrders);
+        sendOrders(from, end, kStatusLive);
+        from = end;
+    }
+    if (m_at.deals < to.deals)
+        sendDeals(m_at.deals, to.deals, kStatusLive);
+}
+
+void ReplaySession::deliverHistory(const Position& to)
+{
+    sendHistory(to.deals,
+                [this](std::size_t from, std::size_t end, int status) { sendDeals(from, end, status); });
+    if (to.orders == 0)
+        return;
+    sendHistory(to.orders,
+                [this](std::size_t from, std::size_t end, int status) { sendOrders(from, end, status); });
+    sendDeals(0, 0, kStatusLive);
+}
+
+template <class Send>
+void ReplaySession::sendHistory(std::size_t count, Send send)
+{
+    std::size_t from = 0;
+    int status = kStatusFirst;
+    do {
+        std::size_t end = std::min(count, from + m_options.historyBatch);
+        // A short last batch would be taken for a live one.
+        if (count - end <= kMostLiveOrders)
+            end = count;
+        send(from, end, status);
+        from = end;
+        status = kStatusHistory;
+    } while (from < count);
+}
+
+void ReplaySession::sendOrders(std::size_t from, std::size_t to, int status)
+{
+    m_sink.onOrders(m_key, m_orderCalls++, status,
+                    wrapped(makeOrderBatch(m_day.orders.data() + from, to - from), m_day.detail));
+}
+
+void ReplaySession::sendDeals(std::size_t from, std::size_t to, int status)
+{
+    m_sink.onDeals(m_key, m_dealCalls++, status,
+                   wrapped(makeDealBatch(m_day.deals.data() + from, to - from), m_day.detail));
+}
+
+} // namespace feed

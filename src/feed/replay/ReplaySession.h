@@ -1,0 +1,121 @@
+#pragma once
+
+#include "feed/DayRows.h"
+#include "feed/FeedSink.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <limits>
+#include <string>
+
+namespace feed {
+
+/// How a day is played.
+struct ReplayOptions
+{
+    std::size_t historyBatch = 20000; ///< records of a history batch; at least 200
+    std::size_t mostLiveOrders = 100; ///< orders of a live batch, 1 to 100: more would count as history
+    std::int64_t flushInterval = 100; ///< milliseconds of feed time that are delivered together; at least 1
+    double volumeUnit = 0;            ///< shares per lot; 0 for the unit of the instrument
+};
+
+/// Plays a day into a sink as a quote service would: history in large batches, then live batches.
+///
+/// Orders and deals go out in the order of their sequence. The moment of a record is its own time, or that of
+/// the latest record before it in the sequence if that one is later; nothing goes out before its moment. The
+/// same calls give the same deliveries.
+///
+/// A history load, at a start and again when the first orders of a day turn up, is for each channel a batch
+/// of status 0 and as many of status 3 as it takes: deals first, then orders, then an empty live batch of
+/// deals. So a queue that matches orders against deals has all deals when the orders come. As long as there
+/// are no orders, none are announced: a style of feed without orders stays one. Published queues and
+/// snapshots follow: the latest of each.
+///
+/// Live, each interval of feed time is delivered in one go: orders, deals, published queues, snapshots.
+///
+/// The day and the sink must outlive the session. For one thread at a time; the sink is called on that
+/// thread.
+class ReplaySession
+{
+public:
+    ReplaySession(const InstrumentDay& day, FeedSink& sink, ReplayOptions options);
+    ReplaySession(const InstrumentDay& day, FeedSink& sink);
+
+    /// Starts, or starts anew, at a moment (milliseconds since 1970 UTC): everything up to it goes out as
+    /// history. The calls of each channel are counted from 0 again.
+    void startAt(std::int64_t timeMs);
+
+    /// Delivers what is due in (now, timeMs] live. A moment that is not after now delivers nothing. Starts
+    /// before the first record if the session was not started.
+    void advanceTo(std::int64_t timeMs);
+
+    /// Go to the next record of a kind and deliver it together with everything before it. The clock stands at
+    /// its moment then, and what else is due at that moment stays for the next call. False, with nothing
+    /// delivered, if there is no such record any more.
+    bool stepOrder();
+    bool stepDeal();
+    bool stepSnapshot();
+
+    /// Delivers the rest of the day.
+    void playAll();
+
+    /// True when all has been delivered.
+    bool atEnd() const;
+
+    /// The clock, milliseconds since 1970 UTC: no record after it has been delivered.
+    std::int64_t now() const { return m_now; }
+
+    /// First and last moment of the day; 0 for a day without rows.
+    std::int64_t firstTime() const { return m_firstTime; }
+    std::int64_t lastTime() const { return m_lastTime; }
+
+    /// Market and code, the key of all calls.
+    const std::string& key() const { return m_key; }
+
+private:
+    enum class Kind
+    {
+        None,
+        Order,
+        Deal,
+        Queue,
+        Snapshot,
+    };
+
+    /// How much of each vector is used up, and the latest moment of the sequence so far.
+    struct Position
+    {
+        std::size_t orders = 0;
+        std::size_t deals = 0;
+        std::size_t queues = 0;
+        std::size_t snapshots = 0;
+        std::int64_t sequenceTime = std::numeric_limits<std::int64_t>::min();
+    };
+
+    Kind next(const Position& at, std::int64_t& time) const;
+    static void pass(Position& at, Kind kind, std::int64_t time);
+    void start();
+    bool stepTo(Kind kind);
+    void deliverUpTo(const Position& to);
+    void deliverLive(const Position& to);
+    void deliverHistory(const Position& to);
+    void sendOrders(std::size_t from, std::size_t to, int status);
+    void sendDeals(std::size_t from, std::size_t to, int status);
+    template <class Send>
+    void sendHistory(std::size_t count, Send send);
+
+    const InstrumentDay& m_day;
+    FeedSink& m_sink;
+    ReplayOptions m_options;
+    std::string m_key;
+    bool m_started = false;
+    Position m_at;
+    std::int64_t m_now = 0;
+    std::int64_t m_firstTime = 0;
+    std::int64_t m_lastTime = 0;
+    int m_orderCalls = 0;
+    int m_dealCalls = 0;
+    int m_quoteCalls = 0;
+};
+
+} // namespace feed

@@ -1,0 +1,294 @@
+#include "feed/replay/RecordingSink.h"
+#include "feed/replay/ReplaySession.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <random>
+#include <set>
+#include <sstream>
+
+namespace {
+
+using feed::InstrumentDay;
+using feed::ReplayOptions;
+using feed::ReplaySession;
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing_support::RecordingSink;
+
+/// A day of rows "o100 d150 q200 s200": kind and time; rows are numbered 1, 2, ... in the order of the text,
+/// which is their sequence as well.
+InstrumentDay dayOf(const std::string& text)
+{
+    InstrumentDay day;
+    day.detail.market = "SH";
+    day.detail.code = "600519";
+    std::istringstream stream(text);
+    std::string word;
+    for (int number = 1; stream >> word; ++number) {
+        const std::int64_t time = std::stoll(word.substr(1));
+        switch (word[0]) {
+        case 'o':
+            day.orders.push_back({time, number, number, 10, 100, 1, 1});
+            break;
+        case 'd':
+            day.deals.push_back({time, number, 10, 100, number, 1, 2, 0, 1});
+            break;
+        case 'q':
+            day.queues.emplace_back();
+            day.queues.back().time = time;
+            day.queues.back().bidCount = number;
+            break;
+        default:
+            day.snapshots.emplace_back();
+            day.snapshots.back().time = time;
+            day.snapshots.back().dealCount = number;
+        }
+    }
+    return day;
+}
+
+TEST(ReplaySession, HistoryIsDealsThenOrdersThenAnEmptyLiveDealBatchThenTheLatestPublished)
+{
+    const InstrumentDay day = dayOf("o100 d150 s160 q170 o200 d250 s260 q270 o300 d300 s300 q300");
+    RecordingSink sink;
+    ReplaySession session(day, sink);
+    session.startAt(270);
+    EXPECT_THAT(sink.take(), ElementsAre("deals 0 s0 150:2 250:6", "orders 0 s0 100:1 200:5", "deals 1 s1",
+                                         "snapshot 0 s-1 260:7", "queue 1 s0 270:8"));
+    EXPECT_EQ(session.now(), 270);
+    session.advanceTo(299);
+    EXPECT_THAT(sink.take(), IsEmpty());
+    session.advanceTo(300);
+    EXPECT_THAT(sink.take(), ElementsAre("orders 1 s1 300:9", "deals 2 s1 300:10", "queue 2 s1 300:12",
+                                         "snapshot 3 s-1 300:11"));
+    EXPECT_TRUE(session.atEnd());
+    EXPECT_TRUE(sink.keysAgree());
+}
+
+TEST(ReplaySession, LargeHistoryGoesOutInBatchesOfWhichNoneLooksLive)
+{
+    InstrumentDay day = dayOf("");
+    day.detail.market = "SZ";
+    for (int i = 1; i <= 1050; ++i)
+        day.orders.push_back({i, i, i, 10, 100, 1, 1});
+    RecordingSink sink;
+    ReplayOptions options;
+    options.historyBatch = 500;
+    ReplaySession session(day, sink, options);
+    session.startAt(2000);
+    const std::vector<std::string> lines = sink.take();
+    ASSERT_EQ(lines.size(), 4u);
+    EXPECT_EQ(lines[0], "deals 0 s0");
+    EXPECT_EQ(lines[1].substr(0, 15), "orders 0 s0 1:1");
+    EXPECT_EQ(lines[2].substr(0, 19), "orders 1 s3 501:501");
+    EXPECT_EQ(lines[2].substr(lines[2].size() - 10), " 1050:1050") << "the last 50 are no batch of their own";
+    EXPECT_EQ(lines[3], "deals 1 s1");
+}
+
+TEST(ReplaySession, LiveIntervalsEndOnTheGridAndSendOrdersBeforeDeals)
+{
+    const InstrumentDay day = dayOf("o50 d101 o130 d199 s200 q200 o201 d250 o300");
+    RecordingSink sink;
+    ReplaySession session(day, sink);
+    session.startAt(60);
+    sink.take();
+    session.advanceTo(260);
+    EXPECT_THAT(sink.take(), ElementsAre("orders 1 s1 130:3", "deals 2 s1 101:2 199:4", "queue 0 s1 200:6",
+                                         "snapshot 1 s-1 200:5", "orders 2 s1 201:7", "deals 3 s1 250:8"));
+    session.advanceTo(260);
+    session.advanceTo(10);
+    EXPECT_THAT(sink.take(), IsEmpty());
+    EXPECT_EQ(session.now(), 260);
+    session.playAll();
+    EXPECT_THAT(sink.take(), ElementsAre("orders 3 s1 300:9"));
+}
+
+TEST(ReplaySession, LiveOrderBatchesStayBelowWhatCountsAsHistory)
+{
+    InstrumentDay day = dayOf("o1");
+    for (int i = 2; i <= 352; ++i)
+        day.orders.push_back({50, i, i, 10, 100, 1, 1});
+    RecordingSink sink;
+    ReplaySession session(day, sink);
+    session.startAt(10);
+    sink.take();
+    session.advanceTo(100);
+    EXPECT_EQ(sink.take().size(), 4u);
+    EXPECT_EQ(sink.largestLiveOrderBatch(), 100u);
+}
+
+TEST(ReplaySession, TheFirstOrdersOfADayComeAsHistoryBehindTheirDeals)
+{
+    const InstrumentDay day = dayOf("s10 d150 o160 d170 o230");
+    RecordingSink sink;
+    ReplaySession session(day, sink);
+    session.startAt(20);
+    EXPECT_THAT(sink.take(), ElementsAre("deals 0 s0", "snapshot 0 s-1 10:1"));
+    session.advanceTo(155);
+    EXPECT_THAT(sink.take(), ElementsAre("deals 1 s1 150:2"));
+    session.advanceTo(300);
+    EXPECT_THAT(sink.take(), ElementsAre("deals 2 s0 150:2 170:4", "orders 0 s0 160:3", "deals 3 s1",
+                                         "orders 1 s1 230:5"));
+}
+
+TEST(ReplaySession, ADayWithoutOrdersNeverAnnouncesAny)
+{
+    const InstrumentDay day = dayOf("d10 q20 s20 d150 q200");
+    RecordingSink sink;
+    ReplaySession session(day, sink);
+    session.startAt(30);
+    session.playAll();
+    for (const std::string& line : sink.take())
+        EXPECT_EQ(line.find("orders"), std::string::npos) << line;
+}
+
+TEST(ReplaySession, ARecordWithAnEarlierTimeWaitsForItsSequence)
+{
+    const InstrumentDay day = dayOf("o100 d500 o300 d310 o600");
+    RecordingSink sink;
+    ReplaySession session(day, sink);
+    session.startAt(100);
+    sink.take();
+    session.advanceTo(499);
+    EXPECT_THAT(sink.take(), IsEmpty());
+    session.advanceTo(500);
+    EXPECT_THAT(sink.take(), ElementsAre("orders 1 s1 300:3", "deals 2 s1 500:2 310:4"));
+}
+
+TEST(ReplaySession, StepsDeliverUpToTheNextOfAKind)
+{
+    const InstrumentDay day = dayOf("o100 d110 o120 s130 d140 o140 s140");
+    RecordingSink sink;
+    ReplaySession session(day, sink);
+    EXPECT_TRUE(session.stepDeal());
+    EXPECT_EQ(session.now(), 110);
+    EXPECT_THAT(sink.take(),
+                ElementsAre("deals 0 s0", "deals 1 s0 110:2", "orders 0 s0 100:1", "deals 2 s1"));
+    EXPECT_TRUE(session.stepSnapshot());
+    EXPECT_THAT(sink.take(), ElementsAre("orders 1 s1 120:3", "snapshot 0 s-1 130:4"));
+    EXPECT_TRUE(session.stepDeal());
+    EXPECT_THAT(sink.take(), ElementsAre("deals 3 s1 140:5"));
+    EXPECT_EQ(session.now(), 140);
+    EXPECT_FALSE(session.stepDeal());
+    EXPECT_THAT(sink.take(), IsEmpty());
+    EXPECT_TRUE(session.stepOrder());
+    EXPECT_THAT(sink.take(), ElementsAre("orders 2 s1 140:6"));
+    EXPECT_FALSE(session.atEnd());
+    session.playAll();
+    EXPECT_THAT(sink.take(), ElementsAre("snapshot 1 s-1 140:7"));
+    EXPECT_TRUE(session.atEnd());
+}
+
+TEST(ReplaySession, StartsAnewAtAnEarlierMoment)
+{
+    const InstrumentDay day = dayOf("o100 d200 o300");
+    RecordingSink sink;
+    ReplaySession session(day, sink);
+    session.playAll();
+    sink.take();
+    session.startAt(150);
+    EXPECT_THAT(sink.take(), ElementsAre("deals 0 s0", "orders 0 s0 100:1", "deals 1 s1"));
+    session.playAll();
+    EXPECT_THAT(sink.take(), ElementsAre("deals 2 s1 200:2", "orders 1 s1 300:3"));
+}
+
+TEST(ReplaySession, AnEmptyDayAndTimesOfEverySizeAreHarmless)
+{
+    const InstrumentDay empty = dayOf("");
+    RecordingSink sink;
+    ReplaySession none(empty, sink);
+    none.playAll();
+    EXPECT_FALSE(none.stepOrder());
+    EXPECT_TRUE(none.atEnd());
+
+    constexpr std::int64_t kLow = std::numeric_limits<std::int64_t>::min();
+    constexpr std::int64_t kHigh = std::numeric_limits<std::int64_t>::max();
+    InstrumentDay day = dayOf("o1 o2 o3");
+    day.orders[0].time = kLow;
+    day.orders[1].time = -1;
+    day.orders[2].time = kHigh;
+    ReplaySession session(day, sink);
+    session.startAt(kLow);
+    session.advanceTo(-150);
+    session.advanceTo(kHigh);
+    EXPECT_TRUE(session.atEnd());
+}
+
+InstrumentDay randomDay(unsigned seed)
+{
+    std::mt19937 random(seed);
+    InstrumentDay day = dayOf("");
+    std::int64_t time = 1000;
+    for (int seq = 1; seq <= 3000; ++seq) {
+        time += random() % 4 == 0 ? random() % 200 : 0;
+        const std::int64_t own = time - static_cast<std::int64_t>(random() % 50);
+        if (random() % 2 == 0)
+            day.orders.push_back({own, seq, seq, 10, 100, 1, 1});
+        else
+            day.deals.push_back({own, seq, 10, 100, seq, 1, 2, 0, 1});
+        if (random() % 10 == 0) {
+            day.snapshots.emplace_back();
+            day.snapshots.back().time = time;
+            day.queues.emplace_back();
+            day.queues.back().time = time;
+        }
+    }
+    return day;
+}
+
+TEST(ReplaySession, EveryRecordComesOnceInOrderAndNeverBeforeTheClock)
+{
+    for (unsigned seed = 1; seed <= 10; ++seed) {
+        SCOPED_TRACE("seed " + std::to_string(seed));
+        const InstrumentDay day = randomDay(seed);
+        std::vector<std::string> first;
+        for (int run = 0; run < 2; ++run) {
+            std::mt19937 random(seed + 1000);
+            RecordingSink sink;
+            ReplaySession session(day, sink);
+            session.startAt(day.orders[50].time);
+            std::vector<std::string> all = sink.take();
+            while (!session.atEnd()) {
+                switch (random() % 12) {
+                case 0:
+                    session.stepOrder();
+                    break;
+                case 1:
+                    session.stepSnapshot();
+                    break;
+                default:
+                    session.advanceTo(session.now() + static_cast<std::int64_t>(random() % 700));
+                }
+                ASSERT_LE(sink.latestTime(), session.now());
+                if (session.now() >= session.lastTime())
+                    session.playAll();
+                for (std::string& line : sink.take())
+                    all.push_back(std::move(line));
+            }
+            std::vector<std::int64_t> orders;
+            for (const std::string& line : all) {
+                if (line.compare(0, 6, "orders") != 0)
+                    continue;
+                std::istringstream stream(line);
+                std::string word;
+                stream >> word >> word >> word;
+                while (stream >> word)
+                    orders.push_back(std::stoll(word.substr(word.find(':') + 1)));
+            }
+            std::vector<std::int64_t> expected;
+            for (const feed::OrderRow& row : day.orders)
+                expected.push_back(row.number);
+            ASSERT_EQ(orders, expected);
+            ASSERT_LE(sink.largestLiveOrderBatch(), 100u);
+            if (run == 0)
+                first = all;
+            else
+                ASSERT_EQ(all, first);
+        }
+    }
+}
+
+} // namespace
