@@ -7,15 +7,15 @@
 
 using namespace testing_support;
 
-namespace
-{
+namespace {
 
 const double kInfinity = std::numeric_limits<double>::infinity();
 const double kNaN = std::numeric_limits<double>::quiet_NaN();
 const int kIntMax = std::numeric_limits<int>::max();
 const int kIntMin = std::numeric_limits<int>::min();
 
-const double kVolumes[] = {0, -1, -5000, 9007199254740994.0, 1e18, -1e18, 1e300, -1e300, kInfinity, -kInfinity, kNaN};
+const double kVolumes[] = {0,     -1,     -5000,     9007199254740994.0, 1e18, -1e18,
+                           1e300, -1e300, kInfinity, -kInfinity,         kNaN};
 
 } // namespace
 
@@ -38,15 +38,14 @@ TEST(HostileLevel, TakesPublishedVolumesAtTheEndsOfInt)
 {
     for (const std::vector<int>& volumes :
          {std::vector<int>{kIntMax}, std::vector<int>{kIntMin}, std::vector<int>{kIntMin, kIntMax, 0, -1},
-          std::vector<int>(60, kIntMin), std::vector<int>(60, kIntMax)})
-    {
+          std::vector<int>(60, kIntMin), std::vector<int>(60, kIntMax)}) {
         auto level = parseLevelPtr("buy 10 level=1 levelVol=5\n1 10 normal\n2 20 normal\n3 30 part 4");
         level->mergeLevelVols(volumes);
         level->calcUnknownVol();
-        level->trimToLevelVol();
-        level->recount();
         EXPECT_GE(level->m_startIndex, 0);
         EXPECT_LE(level->m_startIndex, level->m_orders.size());
+        level->trimToLevelVol();
+        level->recount();
         auto fresh = parseLevelPtr("buy 10");
         fresh->resetByLevelVols(volumes);
         EXPECT_EQ(fresh->m_orders.size(), static_cast<int>(volumes.size()));
@@ -56,8 +55,7 @@ TEST(HostileLevel, TakesPublishedVolumesAtTheEndsOfInt)
 
 TEST(HostileLevel, KeepsItsListThroughMergesOfOrdersWithHostileVolumes)
 {
-    for (const double volume : kVolumes)
-    {
+    for (const double volume : kVolumes) {
         SCOPED_TRACE(volume);
         auto level = parseLevelPtr("sell 10 level=1\n1 10 normal\n2 20 normal");
         level->m_orders[0].m_vol = volume;
@@ -71,8 +69,7 @@ TEST(HostileLevel, KeepsItsListThroughMergesOfOrdersWithHostileVolumes)
 
 TEST(HostileLevel, CountsNoNegativeFillerForAHostileLevelVolume)
 {
-    for (const double volume : kVolumes)
-    {
+    for (const double volume : kVolumes) {
         SCOPED_TRACE(volume);
         auto level = parseLevelPtr("sell 10 level=1\n1 10 normal\n2 20 normal");
         level->m_levelVol = volume;
@@ -107,10 +104,10 @@ TEST(HostileLevel, ClampsTheFillersShareOfTheCount)
 
 TEST(HostileLevel, CutsAndDropsWithHostileVolumesInTheList)
 {
-    for (const double volume : kVolumes)
-    {
+    for (const double volume : kVolumes) {
         SCOPED_TRACE(volume);
-        auto level = parseLevelPtr("sell 10 level=1 levelVol=25\n1 10 normal\n2 20 normal\n3 5 part 1\n4 7 normal");
+        auto level =
+            parseLevelPtr("sell 10 level=1 levelVol=25\n1 10 normal\n2 20 normal\n3 5 part 1\n4 7 normal");
         level->m_orders[1].m_vol = volume;
         level->m_orders[2].m_partDealVol = volume;
         level->wake();
@@ -129,8 +126,7 @@ TEST(HostileLevel, TakesNumbersBeyondInt)
     const std::int64_t numbers[] = {-1, std::int64_t{1} << 40, std::numeric_limits<std::int64_t>::max(),
                                     std::numeric_limits<std::int64_t>::min()};
     auto level = parseLevelPtr("sell 10");
-    for (const std::int64_t number : numbers)
-    {
+    for (const std::int64_t number : numbers) {
         Kel::COrderVol order;
         order.m_entrustNo = number;
         order.m_vol = 1;

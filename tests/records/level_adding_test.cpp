@@ -4,8 +4,7 @@
 
 using namespace testing_support;
 
-namespace
-{
+namespace {
 
 Kel::COrderVol orderVol(std::int64_t number, double lots, Kel::EOrderQueueType type, double dealt = 0)
 {
@@ -59,9 +58,9 @@ TEST(AddOrderVol, TakesNumberZeroAsANumberLikeAnyOther)
 
 TEST(AddOrderVol, CountsAndSumsAnOrderOfAnyType)
 {
-    for (const Kel::EOrderQueueType type : {Kel::OQT_CANCELED, Kel::OQT_DEALT, Kel::OQT_PART_DEALT, Kel::OQT_NORMAL,
-                                            Kel::OQT_BIG, Kel::OQT_SUPER, Kel::OQT_UNKNOWN})
-    {
+    for (const Kel::EOrderQueueType type :
+         {Kel::OQT_CANCELED, Kel::OQT_DEALT, Kel::OQT_PART_DEALT, Kel::OQT_NORMAL, Kel::OQT_BIG,
+          Kel::OQT_SUPER, Kel::OQT_UNKNOWN}) {
         SCOPED_TRACE(typeText(type));
         auto level = parseLevelPtr("sell 10\n1 10 normal");
         level->addOrderVol(orderVol(2, 20, type, 5));
@@ -72,8 +71,7 @@ TEST(AddOrderVol, CountsAndSumsAnOrderOfAnyType)
 
 TEST(AddOrderVol, WorksTheSameInALevelWhoseTypeIsNoSide)
 {
-    for (const int type : {0, 3, 4, 8, 9, 17})
-    {
+    for (const int type : {0, 3, 4, 8, 9, 17}) {
         SCOPED_TRACE(type);
         auto level = parseLevelPtr(std::to_string(type) + " 10");
         level->addOrderVol(orderVol(2, 20, Kel::OQT_PART_DEALT, 5));

@@ -4,8 +4,7 @@
 
 using namespace testing_support;
 
-namespace
-{
+namespace {
 
 /// The orders after the cut, with "true: " or "false: " before them.
 std::string trimmed(const std::string& text)
@@ -27,16 +26,17 @@ std::string dropped(const std::string& text, bool onlyTenLevels)
 TEST(TrimToLevelVol, DoesNothingForALevelWithoutVolumeOrOutsideTheTen)
 {
     for (const std::string head : {"level=1 levelVol=0", "level=1 levelVol=0.000009", "level=0 levelVol=5",
-                                   "level=11 levelVol=5", "level=-1 levelVol=5"})
-    {
+                                   "level=11 levelVol=5", "level=-1 levelVol=5"}) {
         SCOPED_TRACE(head);
-        EXPECT_EQ(trimmed("buy 10 " + head + "; 1 10 normal; 2 20 normal"), "false: 1 10 normal; 2 20 normal");
+        EXPECT_EQ(trimmed("buy 10 " + head + "; 1 10 normal; 2 20 normal"),
+                  "false: 1 10 normal; 2 20 normal");
     }
 }
 
 TEST(TrimToLevelVol, DeletesAllBeforeTheOrderThatReachesTheLevelAndCutsNothingFromItWhenExact)
 {
-    EXPECT_EQ(trimmed("buy 10 level=1 levelVol=15; 1 5 normal; 2 10 normal; 3 15 normal"), "true: 3 15 normal");
+    EXPECT_EQ(trimmed("buy 10 level=1 levelVol=15; 1 5 normal; 2 10 normal; 3 15 normal"),
+              "true: 3 15 normal");
 }
 
 TEST(TrimToLevelVol, CutsTheOrderThatReachesPastTheLevel)
@@ -90,8 +90,7 @@ TEST(DropBeforePartDeal, DoesNothingForALevelWithoutVolume)
 
 TEST(DropBeforePartDeal, LeavesLevelsOutsideTheTenAloneOnlyWhenAsked)
 {
-    for (const std::string number : {"0", "11"})
-    {
+    for (const std::string number : {"0", "11"}) {
         const std::string text = "buy 10 levelVol=15 level=" + number + "; 1 10 normal; 2 5 part";
         EXPECT_EQ(dropped(text, true), "false: 1 10 normal; 2 5 part") << number;
         EXPECT_EQ(dropped(text, false), "true: 2 5 part") << number;
@@ -111,12 +110,14 @@ TEST(DropBeforePartDeal, RemovesOlderOrdersBeforeAPartDealtOneAndKeepsTheirNumbe
 
 TEST(DropBeforePartDeal, IgnoresAPartDealtOrderAtTheFront)
 {
-    EXPECT_EQ(dropped("buy 10 level=1 levelVol=15; 1 10 part; 2 5 normal", false), "false: 1 10 part; 2 5 normal");
+    EXPECT_EQ(dropped("buy 10 level=1 levelVol=15; 1 10 part; 2 5 normal", false),
+              "false: 1 10 part; 2 5 normal");
 }
 
 TEST(DropBeforePartDeal, IsFalseForAListWithoutAPartDealtOrder)
 {
-    EXPECT_EQ(dropped("buy 10 level=1 levelVol=15; 1 10 dealt; 2 5 normal", false), "false: 1 10 dealt; 2 5 normal");
+    EXPECT_EQ(dropped("buy 10 level=1 levelVol=15; 1 10 dealt; 2 5 normal", false),
+              "false: 1 10 dealt; 2 5 normal");
     EXPECT_EQ(dropped("buy 10 level=1 levelVol=15", false), "false: ");
 }
 
@@ -132,7 +133,8 @@ TEST(DropBeforePartDeal, RemovesAllOlderOrdersUpToTheOneThatStoppedTheWalk)
 {
     EXPECT_EQ(dropped("buy 10 level=1 levelVol=15; 1 10 normal; 2 6 big; 3 5 part; 4 1 normal", false),
               "true: 3 5 part; 4 1 normal");
-    EXPECT_EQ(dropped("buy 10 level=1 levelVol=15; 1 10 dealt; 2 6 normal; 3 5 part", false), "true: 3 5 part");
+    EXPECT_EQ(dropped("buy 10 level=1 levelVol=15; 1 10 dealt; 2 6 normal; 3 5 part", false),
+              "true: 3 5 part");
 }
 
 TEST(DropBeforePartDeal, KeepsOrdersThatAreNotOlder)
@@ -159,7 +161,8 @@ TEST(DropBeforePartDeal, MarksByTheLastPartDealtOrder)
 TEST(DropBeforePartDeal, IsStoppedByAnOrderOfAnyTypeButDealt)
 {
     for (const std::string type : {"cancelled", "normal", "unknown", "big", "super", "part"})
-        EXPECT_EQ(dropped("buy 10 level=1 levelVol=15; 1 4 " + type + "; 2 5 part", false), "true: 2 5 part") << type;
+        EXPECT_EQ(dropped("buy 10 level=1 levelVol=15; 1 4 " + type + "; 2 5 part", false), "true: 2 5 part")
+            << type;
 }
 
 TEST(DropBeforePartDeal, RemovesAllPublishedOrdersBeforeOneWithANumber)

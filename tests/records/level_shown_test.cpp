@@ -9,10 +9,12 @@ using namespace testing_support;
 
 TEST(Recount, LeavesCancelledAndDealtOrdersOut)
 {
-    auto level = parseLevelPtr("buy 10 level=2 levelVol=5 sum=999 count=77 avg=1 unknown=3 start=1 hasPart\n"
-                               "1 10 normal\n2 20 cancelled\n3 30 dealt\n4 40 part 4\n5 50 unknown\n6 1500 big\n7 6000 super");
+    auto level = parseLevelPtr(
+        "buy 10 level=2 levelVol=5 sum=999 count=77 avg=1 unknown=3 start=1 hasPart\n"
+        "1 10 normal\n2 20 cancelled\n3 30 dealt\n4 40 part 4\n5 50 unknown\n6 1500 big\n7 6000 super");
     level->recount();
-    EXPECT_EQ(headText(*level), "buy 10 level=2 levelVol=5 sum=7600 count=5 avg=1520 unknown=3 start=1 hasPart");
+    EXPECT_EQ(headText(*level),
+              "buy 10 level=2 levelVol=5 sum=7600 count=5 avg=1520 unknown=3 start=1 hasPart");
     EXPECT_EQ(level->m_orders.size(), 7);
 }
 
@@ -33,8 +35,7 @@ TEST(HasPrice, IsTrueForAPriceOverTheToleranceInSize)
         EXPECT_FALSE(parseLevel(std::string("buy ") + price).hasPrice()) << price;
 }
 
-namespace
-{
+namespace {
 
 QString levelName(Kel::EOrderQueueType type, int number)
 {
@@ -48,8 +49,7 @@ QString levelName(Kel::EOrderQueueType type, int number)
 TEST(LevelName, ReadsOneToTenOnBothSides)
 {
     const char* const digits[] = {"一", "二", "三", "四", "五", "六", "七", "八", "九", "十"};
-    for (int number = 1; number <= 10; ++number)
-    {
+    for (int number = 1; number <= 10; ++number) {
         const QString digit = QString::fromUtf8(digits[number - 1]);
         EXPECT_EQ(levelName(Kel::OQT_BUY, number), QString::fromUtf8("买") + digit) << number;
         EXPECT_EQ(levelName(Kel::OQT_SELL, number), QString::fromUtf8("卖") + digit) << number;
@@ -88,8 +88,9 @@ TEST(OrderQueueLesserThan, ComparesTheLevelNumbers)
 
 TEST(RowCopy, HasAllFieldsAndTheSharedListButNoNumbers)
 {
-    const auto level = parseLevelPtr("sell 10.25 level=3 levelVol=50 sum=44 count=9 avg=5 unknown=6 start=1 time=34 hasPart\n"
-                                     "1 10 normal\n2 20 part 5");
+    const auto level = parseLevelPtr(
+        "sell 10.25 level=3 levelVol=50 sum=44 count=9 avg=5 unknown=6 start=1 time=34 hasPart\n"
+        "1 10 normal\n2 20 part 5");
     const Kel::OrderQueueData row(*level);
     EXPECT_EQ(levelText(row), levelText(*level));
     EXPECT_TRUE(row.m_orders.isSharedWith(level->m_orders));

@@ -11,9 +11,10 @@ TEST(LevelText, ReadsALevelAndPrintsItBack)
     const auto level = parseLevelPtr("buy 10.00 level=1 levelVol=30 unknown=-2 start=1 time=34 hasPart\n"
                                      "1 10 normal\n"
                                      "2 20 part 5\n");
-    EXPECT_EQ(levelText(*level), "buy 10 level=1 levelVol=30 sum=30 count=2 avg=15 unknown=-2 start=1 time=34 hasPart\n"
-                                 "1 10 normal\n"
-                                 "2 20 part 5\n");
+    EXPECT_EQ(levelText(*level),
+              "buy 10 level=1 levelVol=30 sum=30 count=2 avg=15 unknown=-2 start=1 time=34 hasPart\n"
+              "1 10 normal\n"
+              "2 20 part 5\n");
     EXPECT_TRUE(level->m_orderIds.contains(1));
     EXPECT_TRUE(level->m_orderIds.contains(2));
 }

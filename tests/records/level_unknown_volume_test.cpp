@@ -4,8 +4,7 @@
 
 using namespace testing_support;
 
-namespace
-{
+namespace {
 
 Kel::OrderQueueDataPtr calculated(const std::string& text)
 {
@@ -26,31 +25,33 @@ std::string result(const std::string& text)
 
 TEST(CalcUnknownVol, DoesNothingForALevelWithoutVolume)
 {
-    for (const std::string volume : {"0", "0.000009", "-0.000009"})
-    {
+    for (const std::string volume : {"0", "0.000009", "-0.000009"}) {
         SCOPED_TRACE(volume);
-        EXPECT_EQ(result("buy 10 level=1 levelVol=" + volume + " start=5 count=7 unknown=9\n1 10 normal"), "5 7 9");
+        EXPECT_EQ(result("buy 10 level=1 levelVol=" + volume + " start=5 count=7 unknown=9\n1 10 normal"),
+                  "5 7 9");
     }
 }
 
 TEST(CalcUnknownVol, DoesNothingOutsideTheTenLevels)
 {
-    for (const std::string number : {"0", "11", "-1", "100"})
-    {
+    for (const std::string number : {"0", "11", "-1", "100"}) {
         SCOPED_TRACE(number);
-        EXPECT_EQ(result("buy 10 levelVol=50 start=5 count=7 unknown=9 level=" + number + "\n1 10 normal"), "5 7 9");
+        EXPECT_EQ(result("buy 10 levelVol=50 start=5 count=7 unknown=9 level=" + number + "\n1 10 normal"),
+                  "5 7 9");
     }
-    for (const std::string number : {"1", "10"})
-    {
+    for (const std::string number : {"1", "10"}) {
         SCOPED_TRACE(number);
-        EXPECT_EQ(result("buy 10 levelVol=10 start=5 count=7 unknown=9 level=" + number + "\n1 10 normal"), "0 1 0");
+        EXPECT_EQ(result("buy 10 levelVol=10 start=5 count=7 unknown=9 level=" + number + "\n1 10 normal"),
+                  "0 1 0");
     }
 }
 
 TEST(CalcUnknownVol, ReadsTheListFromItsBackUntilTheLevelIsCovered)
 {
-    EXPECT_EQ(result("buy 10 level=1 levelVol=30; 1 10 normal; 2 20 normal; 3 10 big; 4 20 unknown"), "2 2 0");
-    EXPECT_EQ(result("buy 10 level=1 levelVol=60; 1 10 normal; 2 20 normal; 3 10 normal; 4 20 normal"), "0 4 0");
+    EXPECT_EQ(result("buy 10 level=1 levelVol=30; 1 10 normal; 2 20 normal; 3 10 big; 4 20 unknown"),
+              "2 2 0");
+    EXPECT_EQ(result("buy 10 level=1 levelVol=60; 1 10 normal; 2 20 normal; 3 10 normal; 4 20 normal"),
+              "0 4 0");
 }
 
 TEST(CalcUnknownVol, CoversTheLevelWithinTheTolerance)
@@ -66,8 +67,9 @@ TEST(CalcUnknownVol, LeavesTheUnknownVolumeNegativeWhenTheListHoldsMore)
 
 TEST(CalcUnknownVol, StepsOverCancelledAndDealtOrders)
 {
-    EXPECT_EQ(result("buy 10 level=1 levelVol=25; 1 5 normal; 2 20 normal; 3 7 cancelled; 4 5 normal; 5 9 dealt"),
-              "1 4 0");
+    EXPECT_EQ(
+        result("buy 10 level=1 levelVol=25; 1 5 normal; 2 20 normal; 3 7 cancelled; 4 5 normal; 5 9 dealt"),
+        "1 4 0");
     EXPECT_EQ(result("buy 10 level=1 levelVol=25; 1 7 cancelled; 2 9 dealt"), "0 3 25");
 }
 
@@ -102,7 +104,8 @@ TEST(CalcUnknownVol, TakesOneLotLessTheToleranceForOneLot)
 
 TEST(CalcUnknownVol, CountsFromTheStartToTheEndOfTheListAndReadsNothingElse)
 {
-    EXPECT_EQ(result("buy 10 level=1 levelVol=7 count=99 sum=500 start=3 unknown=44; 1 1 normal; 2 9 normal; 3 1 normal"),
+    EXPECT_EQ(result("buy 10 level=1 levelVol=7 count=99 sum=500 start=3 unknown=44; 1 1 normal; 2 9 normal; "
+                     "3 1 normal"),
               "1 2 -3");
 }
 

@@ -20,8 +20,7 @@ TEST(OrderQueueType, HasTheFeedsSideNumbersFirstAndFixedValuesForStates)
     EXPECT_EQ(OQT_PART_DEALT, 9);
 }
 
-namespace
-{
+namespace {
 
 struct SizeClass
 {
@@ -41,9 +40,10 @@ TEST_P(ClassifyVol, GivesTheSizeClassOfTheTruncatedLots)
 }
 
 INSTANTIATE_TEST_SUITE_P(JustUnderAndAtTheLimits, ClassifyVol,
-                         testing::Values(SizeClass{0, OQT_NORMAL}, SizeClass{1, OQT_NORMAL}, SizeClass{999, OQT_NORMAL},
-                                         SizeClass{999.99, OQT_NORMAL}, SizeClass{999.9999999, OQT_NORMAL},
-                                         SizeClass{1000, OQT_BIG}, SizeClass{1000.5, OQT_BIG}, SizeClass{4999, OQT_BIG},
+                         testing::Values(SizeClass{0, OQT_NORMAL}, SizeClass{1, OQT_NORMAL},
+                                         SizeClass{999, OQT_NORMAL}, SizeClass{999.99, OQT_NORMAL},
+                                         SizeClass{999.9999999, OQT_NORMAL}, SizeClass{1000, OQT_BIG},
+                                         SizeClass{1000.5, OQT_BIG}, SizeClass{4999, OQT_BIG},
                                          SizeClass{4999.99, OQT_BIG}, SizeClass{5000, OQT_SUPER},
                                          SizeClass{5001, OQT_SUPER}, SizeClass{1e9, OQT_SUPER}));
 

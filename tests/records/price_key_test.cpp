@@ -6,8 +6,7 @@
 
 using Kel::priceKey;
 
-namespace
-{
+namespace {
 const double kInfinity = std::numeric_limits<double>::infinity();
 const double kNaN = std::numeric_limits<double>::quiet_NaN();
 } // namespace
@@ -50,10 +49,10 @@ TEST(PriceKey, IsZeroBelowHalfATick)
 
 TEST(PriceKey, TruncatesTowardZeroForNegativePrices)
 {
-    EXPECT_EQ(priceKey(-1, 1), 0);    // -0.5
-    EXPECT_EQ(priceKey(-2, 1), -1);   // -1.5
-    EXPECT_EQ(priceKey(-10, 1), -9);  // -9.5
-    EXPECT_EQ(priceKey(-0.3, 1), 0);  // 0.2
+    EXPECT_EQ(priceKey(-1, 1), 0);   // -0.5
+    EXPECT_EQ(priceKey(-2, 1), -1);  // -1.5
+    EXPECT_EQ(priceKey(-10, 1), -9); // -9.5
+    EXPECT_EQ(priceKey(-0.3, 1), 0); // 0.2
 }
 
 TEST(PriceKey, IsZeroForAPriceThatIsNotFinite)

@@ -25,8 +25,7 @@
 
 using namespace Kel;
 
-namespace
-{
+namespace {
 template <class Expected, class Field>
 constexpr bool isType(const Field&)
 {

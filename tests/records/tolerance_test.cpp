@@ -6,8 +6,7 @@
 
 using namespace Kel;
 
-namespace
-{
+namespace {
 const double kInfinity = std::numeric_limits<double>::infinity();
 const double kNaN = std::numeric_limits<double>::quiet_NaN();
 const int kIntMax = std::numeric_limits<int>::max();

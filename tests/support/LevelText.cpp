@@ -9,17 +9,16 @@
 #include <sstream>
 #include <stdexcept>
 
-namespace testing_support
-{
+namespace testing_support {
 
-namespace
-{
+namespace {
 
 const std::map<std::string, Kel::EOrderQueueType>& typeNames()
 {
     static const std::map<std::string, Kel::EOrderQueueType> names = {
-        {"cancelled", Kel::OQT_CANCELED}, {"normal", Kel::OQT_NORMAL},  {"unknown", Kel::OQT_UNKNOWN},
-        {"big", Kel::OQT_BIG},            {"super", Kel::OQT_SUPER},    {"dealt", Kel::OQT_DEALT},
+        {"cancelled", Kel::OQT_CANCELED}, {"normal", Kel::OQT_NORMAL},
+        {"unknown", Kel::OQT_UNKNOWN},    {"big", Kel::OQT_BIG},
+        {"super", Kel::OQT_SUPER},        {"dealt", Kel::OQT_DEALT},
         {"part", Kel::OQT_PART_DEALT},
     };
     return names;
@@ -33,8 +32,7 @@ const std::map<std::string, Kel::EOrderQueueType>& typeNames()
 std::vector<std::string> split(const std::string& text, const std::string& separators)
 {
     std::vector<std::string> parts(1);
-    for (const char c : text)
-    {
+    for (const char c : text) {
         if (separators.find(c) != std::string::npos)
             parts.emplace_back();
         else
@@ -91,8 +89,7 @@ Kel::COrderVol parseOrder(const std::vector<std::string>& parts)
 
 } // namespace
 
-namespace
-{
+namespace {
 
 void parseInto(const std::string& text, Kel::OrderQueueData& level)
 {
@@ -100,8 +97,7 @@ void parseInto(const std::string& text, Kel::OrderQueueData& level)
     const std::vector<std::string> head = words(lines.front());
     if (head.size() < 2)
         refuse("a level begins with its side and price");
-    for (std::size_t i = 1; i < lines.size(); ++i)
-    {
+    for (std::size_t i = 1; i < lines.size(); ++i) {
         const std::vector<std::string> parts = words(lines[i]);
         if (parts.empty())
             continue;
@@ -115,10 +111,8 @@ void parseInto(const std::string& text, Kel::OrderQueueData& level)
     level.m_type = sideOf(head[0]);
     level.m_price = toDouble(head[1]);
     bool averageGiven = false;
-    for (std::size_t i = 2; i < head.size(); ++i)
-    {
-        if (head[i] == "hasPart")
-        {
+    for (std::size_t i = 2; i < head.size(); ++i) {
+        if (head[i] == "hasPart") {
             level.m_hasPartDeal = true;
             continue;
         }
@@ -179,8 +173,7 @@ std::string numberText(double value)
 
 std::string typeText(Kel::EOrderQueueType type)
 {
-    for (const auto& name : typeNames())
-    {
+    for (const auto& name : typeNames()) {
         if (name.second == type)
             return name.first;
     }
@@ -207,8 +200,7 @@ std::string headText(const Kel::OrderQueueData& level)
     return text;
 }
 
-namespace
-{
+namespace {
 
 std::string orderText(const Kel::COrderVol& order)
 {
@@ -279,13 +271,11 @@ QuoterDepthDataPtr snapshot(const std::string& text)
 {
     const QuoterDepthDataPtr record = boost::make_shared<quoter::QuoterDepthData>();
     record->m_time = 1000;
-    for (const std::string& part : split(text, ";"))
-    {
+    for (const std::string& part : split(text, ";")) {
         const std::vector<std::string> parts = words(part);
         if (parts.empty())
             continue;
-        if (parts[0] == "last" && parts.size() == 2)
-        {
+        if (parts[0] == "last" && parts.size() == 2) {
             record->lastPrice = toDouble(parts[1]);
             continue;
         }
@@ -293,8 +283,7 @@ QuoterDepthDataPtr snapshot(const std::string& text)
             refuse(part);
         double* const prices = parts[0] == "ask" ? record->askPrice : record->bidPrice;
         std::int64_t* const volumes = parts[0] == "ask" ? record->askVolume : record->bidVolume;
-        for (std::size_t i = 1; i < parts.size(); ++i)
-        {
+        for (std::size_t i = 1; i < parts.size(); ++i) {
             const std::vector<std::string> pair = split(parts[i], "x");
             if (pair.size() != 2)
                 refuse(parts[i]);
@@ -309,8 +298,7 @@ LevelOrderDataPtr levelRecord(const std::string& text)
 {
     const LevelOrderDataPtr record = boost::make_shared<quoter::LevelOrderData>();
     record->m_time = 1000;
-    for (const std::string& part : split(text, ";"))
-    {
+    for (const std::string& part : split(text, ";")) {
         const std::vector<std::string> parts = words(part);
         if (parts.empty())
             continue;
@@ -330,7 +318,8 @@ LevelOrderDataPtr levelRecord(const std::string& text)
     return record;
 }
 
-Kel::MetaCacheDataWrapperPtr wrap(quoter::QuoterBatch records, const std::string& market, const std::string& instrument)
+Kel::MetaCacheDataWrapperPtr wrap(quoter::QuoterBatch records, const std::string& market,
+                                  const std::string& instrument)
 {
     const Kel::MetaCacheDataWrapperPtr wrapper = boost::make_shared<Kel::MetaCacheDataWrapper>();
     wrapper->data = std::move(records);

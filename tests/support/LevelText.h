@@ -14,8 +14,7 @@
 /// Levels and feed records written as short texts, so that a test shows a queue as a reader would draw it.
 ///
 /// A malformed text throws std::invalid_argument: it is a mistake of the test, and the test then fails.
-namespace testing_support
-{
+namespace testing_support {
 
 constexpr int kBuy = 1;
 constexpr int kSell = 2;
@@ -26,10 +25,11 @@ constexpr int kSell = 2;
 ///     1 10 normal
 ///     2 20 part 5
 ///
-/// Head: side ("buy", "sell" or the number of `m_type`), price in yuan, then any of level, levelVol, sum, count, avg,
-/// unknown, start, time as name=value, and "hasPart". What is not given: sum and count are those of all orders, avg is
-/// their quotient (0 without orders), the others 0. Order: number, lots, state, lots dealt (0 if absent). States:
-/// cancelled, normal, unknown, big, super, dealt, part. Numbers other than 0 enter `m_orderIds`.
+/// Head: side ("buy", "sell" or the number of `m_type`), price in yuan, then any of level, levelVol, sum,
+/// count, avg, unknown, start, time as name=value, and "hasPart". What is not given: sum and count are those
+/// of all orders, avg is their quotient (0 without orders), the others 0. Order: number, lots, state, lots
+/// dealt (0 if absent). States: cancelled, normal, unknown, big, super, dealt, part. Numbers other than 0
+/// enter `m_orderIds`.
 Kel::OrderQueueData parseLevel(const std::string& text);
 Kel::OrderQueueDataPtr parseLevelPtr(const std::string& text);
 
@@ -61,11 +61,12 @@ TransactionDataPtr deal(int buyNo, int sellNo, double price, std::int64_t shares
 TransactionDataPtr cancelBuy(int number, std::int64_t shares);
 TransactionDataPtr cancelSell(int number, std::int64_t shares);
 
-/// "ask 10.02x5 10.03x7; bid 10.01x3; last 10.01": prices in yuan, volumes in lots, best price first. A part that is
-/// absent leaves zeros.
+/// "ask 10.02x5 10.03x7; bid 10.01x3; last 10.01": prices in yuan, volumes in lots, best price first. A part
+/// that is absent leaves zeros.
 QuoterDepthDataPtr snapshot(const std::string& text);
 
-/// "bid 10.00: 5 6 7 of 12; ask 10.01: 3": price, volumes in lots, true number of orders (that of the volumes if absent).
+/// "bid 10.00: 5 6 7 of 12; ask 10.01: 3": price, volumes in lots, true number of orders (that of the volumes
+/// if absent).
 LevelOrderDataPtr levelRecord(const std::string& text);
 
 template <class Record>
