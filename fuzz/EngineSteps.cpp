@@ -28,14 +28,14 @@ double oddPrice(std::uint8_t choice)
     return values[choice % 9];
 }
 
-std::string text(double value)
+std::string say(double value)
 {
     char buffer[64];
     std::snprintf(buffer, sizeof buffer, "%g", value);
     return buffer;
 }
 
-std::string text(std::int64_t value)
+std::string say(std::int64_t value)
 {
     return std::to_string(value);
 }
@@ -128,9 +128,9 @@ quoter::QuoterBasePtr EngineSteps::order()
     made->volume = shares();
     made->kind = oneIn(32) ? byte() % 6 : 1;
     made->m_time = time();
-    m_text += " [" + text(made->entrustNo) + " side " + std::to_string(made->side) + " kind " +
-              std::to_string(made->kind) + " at " + text(made->price) + " shares " + text(made->volume) +
-              " time " + text(made->m_time) + "]";
+    m_text += " [" + say(made->entrustNo) + " side " + std::to_string(made->side) + " kind " +
+              std::to_string(made->kind) + " at " + say(made->price) + " shares " + say(made->volume) +
+              " time " + say(made->m_time) + "]";
     return made;
 }
 
@@ -146,7 +146,7 @@ quoter::QuoterBasePtr EngineSteps::transaction()
     made->dealNo = shortNumber();
     made->m_time = time();
     m_text += " [buy " + std::to_string(made->buyNo) + " sell " + std::to_string(made->sellNo) + " kind " +
-              std::to_string(made->kind) + " shares " + text(made->volume) + " time " + text(made->m_time) +
+              std::to_string(made->kind) + " shares " + say(made->volume) + " time " + say(made->m_time) +
               "]";
     return made;
 }
@@ -165,14 +165,14 @@ quoter::QuoterBasePtr EngineSteps::levelRecord()
             volumes.push_back(choice < 245 ? choice % 8 : extreme<std::int32_t>(choice));
         }
         count = oneIn(16) ? extreme<std::int32_t>(byte()) : size;
-        m_text += " [at " + text(at) + " count " + std::to_string(count) + ":";
+        m_text += " [at " + say(at) + " count " + std::to_string(count) + ":";
         for (const std::int32_t volume : volumes)
             m_text += " " + std::to_string(volume);
         m_text += "]";
     };
     fill(made->bidPrice, made->bidVolumes, made->bidCount);
     fill(made->askPrice, made->askVolumes, made->askCount);
-    m_text += " time " + text(made->m_time);
+    m_text += " time " + say(made->m_time);
     return made;
 }
 
@@ -194,12 +194,12 @@ quoter::QuoterBasePtr EngineSteps::snapshot()
     if (oneIn(8))
         made->askPrice[byte() % 10] = price();
     made->lastPrice = price();
-    m_text += " time " + text(made->m_time) + " last " + text(made->lastPrice) + " bids";
+    m_text += " time " + say(made->m_time) + " last " + say(made->lastPrice) + " bids";
     for (int i = 0; i < quoter::kDepthLevels; ++i)
-        m_text += " " + text(made->bidPrice[i]) + "x" + text(made->bidVolume[i]);
+        m_text += " " + say(made->bidPrice[i]) + "x" + say(made->bidVolume[i]);
     m_text += " asks";
     for (int i = 0; i < quoter::kDepthLevels; ++i)
-        m_text += " " + text(made->askPrice[i]) + "x" + text(made->askVolume[i]);
+        m_text += " " + say(made->askPrice[i]) + "x" + say(made->askVolume[i]);
     return made;
 }
 
@@ -261,10 +261,9 @@ void EngineSteps::deals()
 /// Enough records of no effect to bring the next sweep of the order cache.
 void EngineSteps::padding()
 {
-    const int at = 1;
     m_text = "1000 null deals status 1";
     const auto wrapper = wrap(quoter::QuoterBatch(1000));
-    m_call = [wrapper, at](Engine& engine) { engine.doDealCallBack(0, at, wrapper); };
+    m_call = [wrapper](Engine& engine) { engine.doDealCallBack(0, 1, wrapper); };
 }
 
 void EngineSteps::levels()
