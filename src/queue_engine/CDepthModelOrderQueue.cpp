@@ -93,16 +93,18 @@ bool CDepthModelOrderQueue::standsDown(const nelservice::CInstrumentDetail& deta
            utils::isShenzhenIndex(detail.market, detail.code);
 }
 
-/// Swaps the container with an empty one and frees the old one on the strand "data_release": neither the GUI
-/// thread nor the feed thread is to pay for freeing millions of nodes.
-template <class Container>
-void CDepthModelOrderQueue::releaseLater(Container& container)
+/// What a clear takes out of the engine. A queue of a busy day holds millions of nodes, and neither the GUI
+/// thread nor the feed thread is to pay for freeing them: the strand "data_release" does.
+struct CDepthModelOrderQueue::Released
 {
-    auto old = boost::make_shared<Container>();
-    old->swap(container);
-    // Moved into the job: no owner is left here that could be the last one.
-    net::RPCEngine::getStrand("data_release")->post([old = std::move(old)]() mutable { old.reset(); });
-}
+    QueueMap queues;
+    DealCache deals;
+    CancelOrderSet cancelled;
+    OrderCache orders;
+    OrderIndex index;
+    std::vector<std::int64_t> sweepNumbers;
+    decltype(m_queueRows) rows;
+};
 
 void CDepthModelOrderQueue::clear(bool bClearUICache)
 {
@@ -113,30 +115,39 @@ void CDepthModelOrderQueue::clear(bool bClearUICache)
     m_bNeedAppendOrder.exchange(false);
     m_bNeedCalc.exchange(false);
 
-    const boost::recursive_mutex::scoped_lock lock(m_dataMutex);
-    DEPTH_LOG(utils::kLogInfo, "CDepthModelOrderQueue",
-              boost::format("CDepthModelOrderQueue::clear. m_orderCache size is %1% bClearUICache is %2%") %
-                  m_orderCache.size() % bClearUICache);
-    releaseLater(m_orderIndex);
-    releaseLater(m_orderQueues);
-    releaseLater(m_dealCache);
-    releaseLater(m_cancelOrders);
-    releaseLater(m_orderCache);
-    m_sweepNumbers = std::vector<std::int64_t>();
+    auto released = boost::make_shared<Released>();
+    {
+        const boost::recursive_mutex::scoped_lock lock(m_dataMutex);
+        DEPTH_LOG(
+            utils::kLogInfo, "CDepthModelOrderQueue",
+            boost::format("CDepthModelOrderQueue::clear. m_orderCache size is %1% bClearUICache is %2%") %
+                m_orderCache.size() % bClearUICache);
+        m_orderQueues.swap(released->queues);
+        m_dealCache.swap(released->deals);
+        m_cancelOrders.swap(released->cancelled);
+        m_orderCache.swap(released->orders);
+        m_orderIndex.swap(released->index);
+        m_sweepNumbers.swap(released->sweepNumbers);
 
-    const std::lock_guard<utils::RowMutex> rowLock(m_rowMutex);
-    if (bClearUICache) {
-        m_queueRows.clear();
-        m_tenPrices.clear();
-        m_depthData.reset();
-        m_depthTime = 0;
+        const std::lock_guard<utils::RowMutex> rowLock(m_rowMutex);
+        if (bClearUICache) {
+            m_queueRows.swap(released->rows);
+            m_tenPrices.clear();
+            m_depthData.reset();
+            m_depthTime = 0;
+        }
+        m_lastFeedTime = 0;
+        m_refreshClock = 0;
+        m_strHeader = QString();
+        m_maxEntrustNo = 0;
+        m_maxDealNo = 0;
+        m_bNeedRepaint = true;
     }
-    m_lastFeedTime = 0;
-    m_refreshClock = 0;
-    m_strHeader = QString();
-    m_maxEntrustNo = 0;
-    m_maxDealNo = 0;
-    m_bNeedRepaint = true;
+    // Last of all and moved into the job: once the job runs, the allocator is busy, and no owner is left here
+    // that could be the one to free.
+    net::RPCEngine::getStrand("data_release")->post([released = std::move(released)]() mutable {
+        released.reset();
+    });
 }
 
 boost::shared_ptr<OrderQueueData> CDepthModelOrderQueue::at(unsigned int index, EOrderQueueType type) const

@@ -234,6 +234,8 @@ private:
             false; ///< the feed has been quiet long enough for the snapshot's volumes to count
     };
 
+    struct Released;
+
     struct SideTotal
     {
         std::int64_t count = 0;
@@ -258,6 +260,7 @@ private:
     OrderQueueData& levelFor(const quoter::OrderData& order, int key);
     OrderQueueData* findLevel(int side, int key) const;
     std::size_t orderCacheSize() const;
+    bool hasEnded(int side, const quoter::OrderData& order);
     void sweepWholeCache();
     void sweepTouchedNumbers();
 
@@ -273,9 +276,6 @@ private:
     void buildTenPrices(const CalcMoment& moment);
     void calcSide(const CalcMoment& moment, EOrderQueueType side, int index, int key, SideTotal& total);
     QString headerLine(const char* pattern, const SideTotal& total) const;
-
-    template <class Container>
-    static void releaseLater(Container& container);
 
     /// Under DEPTH_CHECK_INVARIANTS: aborts with a message when the structures contradict each other. Takes
     /// nothing; `m_dataMutex` is held.

@@ -21,7 +21,7 @@ void OrderIndex::remove(std::int64_t number, OrderQueueData* level)
         return;
     // A number of several levels is rare and stays as it is: its levels are woken once too often.
     if (it->second == level && (m_more.empty() || m_more.find(number) == m_more.end()))
-        m_levels.erase(it);
+        m_levels.erase(number);
 }
 
 void OrderIndex::touch(std::int64_t number)
@@ -65,7 +65,7 @@ void OrderIndex::swap(OrderIndex& other)
 
 std::size_t OrderIndex::heapBytes() const
 {
-    return m_levels.capacity() * (sizeof(std::pair<std::int64_t, OrderQueueData*>) + 1) +
+    return m_levels.heapBytes() +
            m_more.size() *
                (sizeof(std::pair<std::int64_t, std::vector<OrderQueueData*>>) + 2 * sizeof(void*));
 }

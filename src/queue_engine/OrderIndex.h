@@ -1,8 +1,7 @@
 #pragma once
 
+#include "queue_engine/OrderNumberMap.h"
 #include "records/OrderQueueData.h"
-
-#include <absl/container/flat_hash_map.h>
 
 #include <cstddef>
 #include <cstdint>
@@ -33,7 +32,7 @@ public:
     std::size_t heapBytes() const;
 
 private:
-    absl::flat_hash_map<std::int64_t, OrderQueueData*> m_levels;
+    OrderNumberMap<OrderQueueData*> m_levels;
     /// Further levels of a number that was listed at more than one price.
     std::unordered_map<std::int64_t, std::vector<OrderQueueData*>> m_more;
 };

@@ -65,7 +65,7 @@ void CDepthModelOrderQueue::checkInvariants() const
     for (const auto& side : m_orderCache) {
         require(side.first != 0 && side.first != 3, "the order cache has no side 0 or 3");
         if (!side.second.empty())
-            require(side.second.begin()->second != nullptr, "a cached order is a record");
+            require(side.second.begin()->second.get() != nullptr, "a cached order is a record");
     }
 }
 
@@ -78,17 +78,13 @@ void CDepthModelOrderQueue::checkInvariants() const {}
 std::size_t CDepthModelOrderQueue::heapBytes() const
 {
     const boost::recursive_mutex::scoped_lock lock(m_dataMutex);
-    // A B-tree node is filled to three quarters on the average; a map node carries three pointers and a
-    // colour.
-    constexpr double kFill = 0.75;
-    constexpr std::size_t kMapNode = 4 * sizeof(void*);
-    double bytes = static_cast<double>(m_orderIndex.heapBytes());
+    constexpr std::size_t kMapNode = 4 * sizeof(void*); // three pointers and a colour
+    std::size_t bytes = m_orderIndex.heapBytes() + m_cancelOrders.heapBytes() +
+                        m_sweepNumbers.capacity() * sizeof(std::int64_t);
     for (const auto& side : m_orderCache)
-        bytes += static_cast<double>(side.second.size() * sizeof(OrderCacheSide::value_type)) / kFill;
+        bytes += side.second.heapBytes();
     for (const auto& kind : m_dealCache)
-        bytes += static_cast<double>(kind.second.size() * sizeof(DealCacheKind::value_type)) / kFill;
-    bytes += static_cast<double>(m_cancelOrders.size() * sizeof(std::int64_t)) / kFill;
-    bytes += static_cast<double>(m_sweepNumbers.capacity() * sizeof(std::int64_t));
+        bytes += kind.second.heapBytes();
     for (const LevelMap& levels : m_orderQueues) {
         for (const OrderQueueDataPtr& level : levels) {
             bytes +=
@@ -97,7 +93,7 @@ std::size_t CDepthModelOrderQueue::heapBytes() const
                                     level->m_orderIds.heapBytes() + level->m_rest.heapBytes());
         }
     }
-    return static_cast<std::size_t>(bytes);
+    return bytes;
 }
 
 } // namespace Kel

@@ -52,37 +52,6 @@ bool takeIfCovered(DealCache& cache, int kind, std::int64_t number, double lots)
     return true;
 }
 
-/// A cache kind read in ascending number, beside an equally ascending walk.
-class AscendingLots
-{
-public:
-    AscendingLots(DealCache& cache, int kind)
-    {
-        const auto entries = cache.find(kind);
-        if (entries == cache.end())
-            return;
-        m_entries = &entries->second;
-        m_next = m_entries->begin();
-    }
-
-    /// Lots of the number, which is not below any asked before; null without an entry.
-    const double* find(std::int64_t number)
-    {
-        if (!m_entries)
-            return nullptr;
-        while (m_next != m_entries->end() && m_next->first < number)
-            ++m_next;
-        return m_next != m_entries->end() && m_next->first == number ? &m_next->second : nullptr;
-    }
-
-    /// Erases the entry that `find` gave last.
-    void eraseFound() { m_next = m_entries->erase(m_next); }
-
-private:
-    DealCacheKind* m_entries = nullptr;
-    DealCacheKind::iterator m_next;
-};
-
 } // namespace
 
 bool CDepthModelOrderQueue::filterOrderData(const quoter::QuoterBatch& batch)
@@ -98,10 +67,7 @@ bool CDepthModelOrderQueue::filterOrderData(const quoter::QuoterBatch& batch)
             continue;
         if (takeIfCovered(m_dealCache, DEAL_KIND_CANCEL, order->entrustNo, lots))
             continue;
-        OrderCacheSide& side = m_orderCache[order->side];
-        // Numbers rise within a channel, so nearly every order goes to the end.
-        const auto it = side.try_emplace(side.end(), order->entrustNo);
-        it->second = boost::static_pointer_cast<quoter::OrderData>(record);
+        m_orderCache[order->side][order->entrustNo] = boost::static_pointer_cast<quoter::OrderData>(record);
     }
     return true;
 }
@@ -150,7 +116,7 @@ void CDepthModelOrderQueue::appendTransactionDealData(int /*status*/, const quot
         }
         if (deal->kind == quoter::eTransactionCancel) {
             // The number of a cancelled order stands in `buyNo`, whichever side it was on.
-            const bool entered = m_cancelOrders.insert(deal->buyNo).second;
+            const bool entered = m_cancelOrders.insert(deal->buyNo);
             addDealtLots(DEAL_KIND_CANCEL, deal->buyNo, lots);
             if (deal->buyNo != 0)
                 noteNumber(deal->buyNo);
@@ -311,28 +277,26 @@ void CDepthModelOrderQueue::updateUnDealOrderCache()
     m_sweepUnit = m_volumeUnit;
 }
 
-/// What survives moves into a new map: a history sweep drops most of the cache, and appending in order is the
-/// cheapest way to write a B-tree.
 void CDepthModelOrderQueue::sweepWholeCache()
 {
     for (auto& side : m_orderCache) {
-        AscendingLots dealt(m_dealCache, side.first);
-        AscendingLots cancelled(m_dealCache, DEAL_KIND_CANCEL);
-        OrderCacheSide kept;
-        for (auto& cached : side.second) {
-            const double lots = lotsOf(cached.second->volume);
-            const double* lotsDealt = dealt.find(cached.first);
-            if (lotsDealt && !isLess(*lotsDealt, lots))
-                continue;
-            const double* lotsCancelled = cancelled.find(cached.first);
-            if (lotsCancelled && !isLess(*lotsCancelled, lots)) {
-                cancelled.eraseFound();
-                continue;
-            }
-            kept.try_emplace(kept.end(), cached.first, std::move(cached.second));
+        for (auto cached = side.second.begin(); cached != side.second.end();) {
+            if (hasEnded(side.first, *cached->second))
+                cached = side.second.erase(cached);
+            else
+                ++cached;
         }
-        side.second.swap(kept);
     }
+}
+
+/// The caches hold the order's whole volume. A cancellation that does is used up.
+bool CDepthModelOrderQueue::hasEnded(int side, const quoter::OrderData& order)
+{
+    const double lots = lotsOf(order.volume);
+    const double* dealt = findLots(m_dealCache, side, order.entrustNo);
+    if (dealt && !isLess(*dealt, lots))
+        return true;
+    return takeIfCovered(m_dealCache, DEAL_KIND_CANCEL, order.entrustNo, lots);
 }
 
 /// Only a number that was dealt or cancelled since the last sweep can have come to its end; the numbers are
@@ -346,11 +310,7 @@ void CDepthModelOrderQueue::sweepTouchedNumbers()
             const auto cached = side.second.find(number);
             if (cached == side.second.end())
                 continue;
-            const double lots = lotsOf(cached->second->volume);
-            const double* lotsDealt = findLots(m_dealCache, side.first, number);
-            const bool gone = (lotsDealt && !isLess(*lotsDealt, lots)) ||
-                              takeIfCovered(m_dealCache, DEAL_KIND_CANCEL, number, lots);
-            if (gone)
+            if (hasEnded(side.first, *cached->second))
                 side.second.erase(cached);
         }
     }
