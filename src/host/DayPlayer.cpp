@@ -33,7 +33,7 @@ bool DayPlayer::step()
     const feed::InstrumentDay& day = m_timeline.day();
     switch (entry.kind) {
     case DayTimeline::Kind::Order:
-        m_orders.push_back(day.orders[entry.index]);
+        onOrder(day.orders[entry.index]);
         break;
     case DayTimeline::Kind::Deal:
         onDeal(day.deals[entry.index]);
@@ -72,6 +72,16 @@ void DayPlayer::passTime(std::int64_t time)
         m_dealtSinceTick.clear();
     }
     m_now = time;
+}
+
+void DayPlayer::onOrder(const feed::OrderRow& row)
+{
+    m_orders.push_back(row);
+    // The first standing order opens the channel alone: behind a batch of which nothing is left (all
+    // cancelled within it) the engine would hold the day for one without orders and take published queues.
+    const bool standing = (row.side == 1 || row.side == 2) && row.kind != quoter::eOrderNotStanding;
+    if (!m_ordersOpen && standing)
+        flush();
 }
 
 void DayPlayer::onDeal(const feed::DealRow& row)

@@ -66,6 +66,7 @@ public:
 
 private:
     void passTime(std::int64_t time);
+    void onOrder(const feed::OrderRow& row);
     void onDeal(const feed::DealRow& row);
     void sendOrders(int status, std::size_t from, std::size_t count);
     void sendDeals(int status);

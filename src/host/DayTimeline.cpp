@@ -7,6 +7,26 @@
 
 namespace host {
 
+namespace {
+
+std::int64_t middleTime(const feed::InstrumentDay& day)
+{
+    if (!day.orders.empty())
+        return day.orders[day.orders.size() / 2].time;
+    if (!day.deals.empty())
+        return day.deals[day.deals.size() / 2].time;
+    if (!day.snapshots.empty())
+        return day.snapshots[day.snapshots.size() / 2].time;
+    return day.queues.empty() ? 0 : day.queues[day.queues.size() / 2].time;
+}
+
+} // namespace
+
+std::int64_t dayStart(const feed::InstrumentDay& day)
+{
+    return utils::exchangeDayStart(middleTime(day));
+}
+
 bool isContinuous(const feed::SnapshotRow& snapshot)
 {
     if (snapshot.phase != feed::Phase::Unknown)
@@ -21,10 +41,7 @@ namespace {
 class DayClock
 {
 public:
-    explicit DayClock(const feed::InstrumentDay& day)
-        : m_start(utils::exchangeDayStart(middleTime(day))), m_time(0)
-    {
-    }
+    explicit DayClock(const feed::InstrumentDay& day) : m_start(dayStart(day)), m_time(0) {}
 
     /// The time of an entry: its own if it can be true, else that of the entry before.
     std::int64_t pass(std::int64_t own)
@@ -35,19 +52,6 @@ public:
     }
 
 private:
-    /// A row in the middle of the day stands for the day: one with a wrong time is rarely the one in the
-    /// middle.
-    static std::int64_t middleTime(const feed::InstrumentDay& day)
-    {
-        if (!day.orders.empty())
-            return day.orders[day.orders.size() / 2].time;
-        if (!day.deals.empty())
-            return day.deals[day.deals.size() / 2].time;
-        if (!day.snapshots.empty())
-            return day.snapshots[day.snapshots.size() / 2].time;
-        return day.queues.empty() ? 0 : day.queues[day.queues.size() / 2].time;
-    }
-
     std::int64_t m_start;
     std::int64_t m_time;
 };

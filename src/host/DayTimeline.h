@@ -23,6 +23,10 @@ struct SnapshotPlace
     Placing placing = Placing::Time;
 };
 
+/// Midnight, exchange time, of the day that the rows are of (ms since 1970-01-01 UTC): that of a row in the
+/// middle, since a wrong time is rarely the one there. That of 1970 for a day without rows.
+std::int64_t dayStart(const feed::InstrumentDay& day);
+
 /// Whether a snapshot was taken in continuous trading: by its phase, or by its time where the phase is not
 /// known.
 bool isContinuous(const feed::SnapshotRow& snapshot);

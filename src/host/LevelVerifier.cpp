@@ -15,7 +15,10 @@ namespace host {
 namespace {
 
 constexpr std::int64_t kProgressRows = 5000;
+constexpr std::size_t kMostVolumesNamed = 12;
 const char* const kOtherRow = "the row differs from the snapshot";
+const char* const kHeadNotFound =
+    "the queue's beginning was not found in the list: the last order listed stands for its head";
 const char* const kOtherQueue = "the list does not begin with the published queue";
 
 class LevelVerifier
@@ -111,18 +114,22 @@ private:
         std::size_t next = 0;
         double sum = 0;
         bool inTurn = true;
+        bool headDiffers = false;
         if (level) {
             for (const Kel::COrderVol& order : level->m_orders) {
                 if (order.m_type == Kel::OQT_CANCELED || order.m_type == Kel::OQT_DEALT)
                     continue;
                 if (next < published.size()) {
-                    inTurn = inTurn && Kel::truncateToInt(order.m_vol + 0.5) == published[next];
+                    const bool same = Kel::truncateToInt(order.m_vol + 0.5) == published[next];
+                    headDiffers = headDiffers || (next == 0 && !same);
+                    inTurn = inTurn && (same || next == 0);
                     sum += order.m_vol;
                     ++next;
                 }
             }
         }
-        if (level && inTurn && next == published.size() && level->m_count == count) {
+        inTurn = inTurn && level && next == published.size() && level->m_count == count;
+        if (inTurn && !headDiffers) {
             ++m_result.queuesMatched;
             return;
         }
@@ -135,7 +142,19 @@ private:
         mismatch.published = {price, shares(lots), count};
         if (level)
             mismatch.rebuilt = {level->m_price, shares(sum), level->m_count};
-        mismatch.cause = kOtherQueue;
+        mismatch.cause = inTurn ? kHeadNotFound : kOtherQueue;
+        mismatch.detail = "published";
+        for (std::size_t i = 0; i < published.size() && i < kMostVolumesNamed; ++i)
+            mismatch.detail += ' ' + std::to_string(published[i]);
+        mismatch.detail += published.size() > kMostVolumesNamed ? " ...; listed" : "; listed";
+        const int listed = level ? level->m_orders.size() : 0;
+        for (int i = 0; i < listed && i < static_cast<int>(kMostVolumesNamed); ++i) {
+            const Kel::COrderVol& order = level->m_orders.at(i);
+            mismatch.detail += ' ' + std::to_string(Kel::truncateToInt(order.m_vol + 0.5));
+            if (order.m_type == Kel::OQT_CANCELED || order.m_type == Kel::OQT_DEALT)
+                mismatch.detail += order.m_type == Kel::OQT_DEALT ? " (dealt)" : " (cancelled)";
+        }
+        mismatch.detail += listed > static_cast<int>(kMostVolumesNamed) ? " ..." : "";
         note(std::move(mismatch));
     }
 
