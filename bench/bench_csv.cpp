@@ -18,13 +18,14 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr int kRecords = 500000;
+constexpr std::size_t kClockSize = 48;
 constexpr std::int64_t kDayStart = 1704124800000; // 2024-01-02 00:00 exchange time
 constexpr std::int64_t kOpen = (9 * 60 + 30) * 60 * 1000;
 
 /// A price with two decimals that wanders around 10 yuan.
 int centsOf(int i)
 {
-    return 1000 + (i * 7919) % 97 - 48;
+    return 1000 + static_cast<int>(i * 7919LL % 97) - 48;
 }
 
 feed::InstrumentDay makeDay()
@@ -98,10 +99,10 @@ struct Files
         char line[256];
         const auto clock = [](std::int64_t time, char* out) {
             const int ms = static_cast<int>(time - kDayStart);
-            std::snprintf(out, 16, "%02d:%02d:%02d.%03d", ms / 3600000 % 100, ms / 60000 % 60, ms / 1000 % 60,
+            std::snprintf(out, kClockSize, "%02d:%02d:%02d.%03d", ms / 3600000 % 100, ms / 60000 % 60, ms / 1000 % 60,
                           ms % 1000);
         };
-        char at[16];
+        char at[kClockSize];
         for (const feed::OrderRow& row : day.orders) {
             clock(row.time, at);
             std::snprintf(line, sizeof line, "0,%lld,6,600000,%s,A,%lld,%.15g,%lld,%c,%lld,%s,%lld\n",

@@ -11,6 +11,7 @@ namespace feed {
 namespace {
 
 constexpr std::size_t kChunk = 256 * 1024;
+constexpr std::size_t kSmallestChunk = 4096;
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 std::string_view trimmed(std::string_view text)
