@@ -38,6 +38,25 @@ TEST(ShanghaiImport, RecordsAreOrderedByTheChannelNotByArrival)
                             "101 cancel sell 3 x300 @34200500"));
 }
 
+TEST(ShanghaiImport, OrderOfTheLinesDoesNotMatterHoweverTheyAreShuffled)
+{
+    // In a few ordered parts, and in many.
+    for (const int parts : {1, 2, 7, 16, 17, 100, 250}) {
+        std::string orders;
+        for (int part = 0; part < parts; ++part) {
+            for (int i = part; i < 500; i += parts) {
+                const std::string number = std::to_string(i + 1);
+                orders += "600000,09:30:00.300,A," + number + ",10.03,300,S," + number + "\n";
+            }
+        }
+        const feed::ImportResult result = importSplit(orders, "");
+        ASSERT_FALSE(result.error) << result.error.text();
+        ASSERT_EQ(result.days.at(0).orders.size(), 500u);
+        for (int i = 0; i < 500; ++i)
+            ASSERT_EQ(result.days[0].orders[static_cast<std::size_t>(i)].number, i + 1) << parts << " parts";
+    }
+}
+
 TEST(ShanghaiImport, AnOrderGetsBackWhatWasDealtBeforeItsRecord)
 {
     const feed::ImportResult result = importSplit("600000,09:30:00.000,A,1,10.01,100,B,1\n"
