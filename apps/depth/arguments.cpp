@@ -6,7 +6,6 @@
 #include <CLI/CLI.hpp>
 
 #include <exception>
-#include <map>
 #include <ostream>
 
 namespace {
@@ -140,12 +139,10 @@ struct Show
 {
     host::ShowOptions options;
     SourceArguments source;
+    std::string color = "auto";
 
     CLI::App* add(CLI::App& app)
     {
-        static const std::map<std::string, host::ColorMode> kColors = {{"auto", host::ColorMode::Auto},
-                                                                       {"always", host::ColorMode::Always},
-                                                                       {"never", host::ColorMode::Never}};
         CLI::App* command =
             app.add_subcommand("show", "Plays a day and prints the ten rows a side with their first orders");
         source.add(*command);
@@ -169,14 +166,16 @@ struct Show
         command->add_flag("--json", options.json, "Print the pages as JSON");
         command->add_flag("--hash", options.hash,
                           "Print a 64-bit figure of the engine's whole state at each time");
-        command->add_option("--color", options.color, "auto, always or never")
-            ->transform(CLI::CheckedTransformer(kColors));
+        command->add_option("--color", color, "auto, always or never (auto)")
+            ->check(CLI::IsMember({"auto", "always", "never"}));
         return command;
     }
 
     int run(std::ostream& out, std::ostream& err)
     {
         options.source = source.taken();
+        if (color != "auto")
+            options.color = color == "always" ? host::ColorMode::Always : host::ColorMode::Never;
         return host::runShow(options, out, err);
     }
 };

@@ -49,6 +49,9 @@ struct ShowOptions
     std::string from = "09:25"; ///< of a running day
     std::string to = "15:00:30";
 };
+
+/// A page shows the queue once the engine has refreshed three times in a quiet feed, so that deals and
+/// cancels of the last moment are in it.
 int runShow(const ShowOptions& options, std::ostream& out, std::ostream& err);
 
 struct VerifyCommandOptions

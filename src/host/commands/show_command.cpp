@@ -12,7 +12,9 @@
 namespace host {
 namespace {
 
-const std::vector<std::string> kUsualTimes = {"09:25:03", "09:30:03", "10:30", "14:00", "15:00"};
+constexpr int kSettleTicks = 3; // what the feed said last reaches the lists in two refresh ticks
+// Behind both auctions' matches, which come a moment after the full minute.
+const std::vector<std::string> kUsualTimes = {"09:25:03", "09:30:03", "10:30", "14:00", "15:00:05"};
 
 std::string hashText(const SteppedEngine& engine)
 {
@@ -59,6 +61,7 @@ int runShow(const ShowOptions& options, std::ostream& out, std::ostream& err)
     bool first = true;
     for (const std::int64_t time : times) {
         player.playUntil(time);
+        player.quiet(kSettleTicks);
         engine.recalculate();
         if (options.json) {
             document["pages"].push_back(pageJson(engine, time, style));

@@ -72,12 +72,15 @@ private:
     void (*m_previous)(int) = SIG_DFL;
 };
 
-/// Stretches of the day without a single row: the lunch break, and what a thin instrument leaves out.
+/// Stretches of the day in which nothing trades: the lunch break, and what a thin instrument leaves out. The
+/// snapshots that repeat themselves outside continuous trading do not count.
 std::vector<feed::ReplayClock::Break> quietStretches(const DayTimeline& timeline)
 {
     std::vector<feed::ReplayClock::Break> breaks;
     std::int64_t before = 0;
     for (const DayTimeline::Entry& entry : timeline.entries()) {
+        if (entry.kind == DayTimeline::Kind::Snapshot && !isContinuous(timeline.day().snapshots[entry.index]))
+            continue;
         if (before != 0 && entry.time - before > kSmallestGap)
             breaks.push_back({before + 1, entry.time});
         before = entry.time;
