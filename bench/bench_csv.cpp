@@ -99,8 +99,8 @@ struct Files
         char line[256];
         const auto clock = [](std::int64_t time, char* out) {
             const int ms = static_cast<int>(time - kDayStart);
-            std::snprintf(out, kClockSize, "%02d:%02d:%02d.%03d", ms / 3600000 % 100, ms / 60000 % 60, ms / 1000 % 60,
-                          ms % 1000);
+            std::snprintf(out, kClockSize, "%02d:%02d:%02d.%03d", ms / 3600000 % 100, ms / 60000 % 60,
+                          ms / 1000 % 60, ms % 1000);
         };
         char at[kClockSize];
         for (const feed::OrderRow& row : day.orders) {

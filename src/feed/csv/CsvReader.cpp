@@ -60,8 +60,14 @@ std::string utf8Text(std::string_view bytes)
 }
 
 CsvReader::CsvReader(std::unique_ptr<ByteSource> source, std::string fileName)
-    : m_source(std::move(source)), m_fileName(std::move(fileName)), m_buffer(kChunk)
+    : m_source(std::move(source)), m_fileName(std::move(fileName))
 {
+    // A small table needs no large buffer; that of a compressed one grows as its text comes out.
+    const std::int64_t total = m_source->bytesTotal();
+    if (total <= 0 || static_cast<std::uint64_t>(total) >= kChunk)
+        m_buffer.resize(kChunk);
+    else
+        m_buffer.resize(std::max<std::size_t>(kSmallestChunk, static_cast<std::size_t>(total) + 1));
 }
 
 bool CsvReader::readHeader(Error& error)
