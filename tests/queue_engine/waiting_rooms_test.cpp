@@ -339,10 +339,11 @@ TEST_F(SweepOrderCache, LeavesOnRandomFeedsWhatItsRuleLeaves)
                 }
                 engine.m_nOrderCount = 1000;
                 engine.updateUnDealOrderCache();
-                ASSERT_EQ(engine.m_orderCache, expectedCache) << "seed " << seed << ", step " << step;
-                const std::string after = dealt();
+                const std::string after = cache() + " | " + dealt();
+                engine.m_orderCache.swap(expectedCache);
                 engine.m_dealCache.swap(expectedDeals);
-                const std::string expected = dealt();
+                const std::string expected = cache() + " | " + dealt();
+                engine.m_orderCache.swap(expectedCache);
                 engine.m_dealCache.swap(expectedDeals);
                 ASSERT_EQ(after, expected) << "seed " << seed << ", step " << step;
             }
