@@ -10,6 +10,9 @@ namespace fuzzing {
 
 namespace {
 
+/// Numbers at which tables by number go over to the next word, page or chunk, and the last ones of 32 bits.
+constexpr std::int64_t kBoundaries[] = {63, 64, 255, 256, 65535, 65536, 0x7fffffff, 0x80000000};
+
 template <class Integer>
 Integer extreme(std::uint8_t choice)
 {
@@ -45,17 +48,17 @@ std::string say(std::int64_t value)
 std::int64_t EngineSteps::number()
 {
     const std::uint8_t choice = byte();
-    if (choice < 240)
+    if (choice < 230)
         return choice % 12;
-    return choice < 250 ? 100 + choice : extreme<std::int64_t>(byte());
+    return choice < 250 ? kBoundaries[choice % 8] : extreme<std::int64_t>(byte());
 }
 
 std::int32_t EngineSteps::shortNumber()
 {
     const std::uint8_t choice = byte();
-    if (choice < 240)
+    if (choice < 230)
         return choice % 12;
-    return choice < 250 ? 100 + choice : extreme<std::int32_t>(byte());
+    return choice < 250 ? static_cast<std::int32_t>(kBoundaries[choice % 8]) : extreme<std::int32_t>(byte());
 }
 
 double EngineSteps::price()
