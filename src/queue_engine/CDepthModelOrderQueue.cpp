@@ -80,7 +80,9 @@ void CDepthModelOrderQueue::setStock(const QString& code)
             closeTime = std::max(closeTime, session.second);
     }
     m_closeTime = closeTime;
-    m_volumeUnit = static_cast<double>(utils::getVolumeUnit(market, detail->code));
+    const auto unit = static_cast<double>(utils::getVolumeUnit(market, detail->code));
+    if (m_volumeUnit.exchange(unit) != unit)
+        m_sweepAll = true; // what is cached counts as other lots now
     m_priceTick = getDetailPriceTick(detail);
     m_precision = Zeb::priceTick2Precision(detail->priceTick);
 }

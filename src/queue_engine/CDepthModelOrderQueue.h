@@ -284,8 +284,7 @@ private:
     std::atomic<bool> m_fullPass{false};
     OrderIndex m_orderIndex;                  ///< levels by listed number; guarded by `m_dataMutex`
     std::vector<std::int64_t> m_sweepNumbers; ///< numbers dealt or cancelled since the last sweep; same guard
-    bool m_sweepAll = false;                  ///< the next sweep reads the whole cache; same guard
-    double m_sweepUnit = 0;                   ///< volume unit at the last sweep; same guard
+    std::atomic<bool> m_sweepAll{true};       ///< the next sweep reads the whole cache, as the first one does
     boost::shared_ptr<EngineGate> m_gate;     ///< held by every job outside the GUI thread
 };
 

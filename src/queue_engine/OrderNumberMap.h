@@ -151,7 +151,8 @@ private:
     struct Page
     {
         std::array<std::uint64_t, kWords> bits{};
-        std::vector<Value> values; ///< of the numbers whose bits are set, in their order
+        std::array<std::uint8_t, kWords> before{}; ///< set bits in the words before each
+        std::vector<Value> values;                 ///< of the numbers whose bits are set, in their order
 
         static unsigned word(std::int64_t number) { return (static_cast<unsigned>(number) >> 6) % kWords; }
         static std::uint64_t bit(std::int64_t number) { return std::uint64_t(1) << (number & 63); }
@@ -160,17 +161,16 @@ private:
 
         std::size_t rank(std::int64_t number) const
         {
-            const unsigned last = word(number);
-            int rank = __builtin_popcountll(bits[last] & (bit(number) - 1));
-            for (unsigned i = 0; i < last; ++i)
-                rank += __builtin_popcountll(bits[i]);
-            return static_cast<std::size_t>(rank);
+            const unsigned at = word(number);
+            return before[at] + bitCount(bits[at] & (bit(number) - 1));
         }
 
         Value* insert(std::int64_t number)
         {
             const auto at = static_cast<std::ptrdiff_t>(rank(number));
             bits[word(number)] |= bit(number);
+            for (unsigned i = word(number) + 1; i < kWords; ++i)
+                ++before[i];
             return &*values.insert(values.begin() + at, Value());
         }
 
@@ -178,6 +178,18 @@ private:
         {
             values.erase(values.begin() + static_cast<std::ptrdiff_t>(rank(number)));
             bits[word(number)] &= ~bit(number);
+            for (unsigned i = word(number) + 1; i < kWords; ++i)
+                --before[i];
+        }
+
+        /// Set bits, without the processor's instruction, which the oldest machines lack and the library call
+        /// hides.
+        static unsigned bitCount(std::uint64_t word)
+        {
+            word -= (word >> 1) & 0x5555555555555555ull;
+            word = (word & 0x3333333333333333ull) + ((word >> 2) & 0x3333333333333333ull);
+            word = (word + (word >> 4)) & 0x0f0f0f0f0f0f0f0full;
+            return static_cast<unsigned>((word * 0x0101010101010101ull) >> 56);
         }
 
         /// Offset in the page of the first number at or after `from`; the page's size if there is none.

@@ -118,9 +118,8 @@ void CDepthModelOrderQueue::appendTransactionDealData(int /*status*/, const quot
             // The number of a cancelled order stands in `buyNo`, whichever side it was on.
             const bool entered = m_cancelOrders.insert(deal->buyNo);
             addDealtLots(DEAL_KIND_CANCEL, deal->buyNo, lots);
-            if (deal->buyNo != 0)
-                noteNumber(deal->buyNo);
-            else if (entered)
+            noteNumber(deal->buyNo);
+            if (deal->buyNo == 0 && entered)
                 wakeAllLevels();
         }
     }
@@ -268,13 +267,12 @@ void CDepthModelOrderQueue::updateUnDealOrderCache()
         return;
     m_nOrderCount = 0;
     m_nDealCount = 0;
-    if (m_fullPass || m_sweepAll || m_sweepUnit != m_volumeUnit)
+    if (m_fullPass || m_sweepAll)
         sweepWholeCache();
     else
         sweepTouchedNumbers();
     m_sweepNumbers.clear();
     m_sweepAll = false;
-    m_sweepUnit = m_volumeUnit;
 }
 
 void CDepthModelOrderQueue::sweepWholeCache()

@@ -151,7 +151,9 @@ TEST(OrderNumberMap, BehavesLikeAnOrderedMapUnderRandomOperations)
                 const auto expected = reference.find(n);
                 ASSERT_EQ(it == map.end(), expected == reference.end());
                 if (expected != reference.end())
+                {
                     EXPECT_EQ(it->second, expected->second);
+                }
                 break;
             }
             }
