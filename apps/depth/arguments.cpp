@@ -30,7 +30,9 @@ struct SourceArguments
                          "Files in a vendor's layout; `auto` tells the layout by the headers")
             ->expected(2)
             ->type_name("LAYOUT PATH");
-        seed = group->add_option("--seed", source.seed, "A simulated day")->type_name("N");
+        seed = group->add_option("--seed", source.seed, "A simulated day")
+                   ->check(CLI::NonNegativeNumber)
+                   ->type_name("N");
         group->require_option(1);
         command.add_option(
             "--instrument", source.instrument,
@@ -88,6 +90,7 @@ struct Simulate
             app.add_subcommand("simulate", "Writes a day of the simulated exchange as an archive");
         command->add_option("--out", options.folder, "Folder of the archive")->required()->type_name("DIR");
         command->add_option("--seed", options.source.seed, "The same seed gives the same day (1)")
+            ->check(CLI::NonNegativeNumber)
             ->type_name("N");
         command->add_option("--instrument", options.source.instrument, "Kind of the instrument (stock)")
             ->check(CLI::IsMember(host::simulatedKinds()));
