@@ -11,18 +11,20 @@ here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 say() { echo "== $*" >&2; }
 
 "$here/scripts/install-dependencies.sh" >&2
-say "building depth (build/release)"
+# A folder of its own, since tests and benchmarks want packages that the program does not.
+build="$here/build/run"
+say "building depth (build/run)"
 log=$(mktemp)
 work=
 cleanup() { rm -rf "$log" ${work:+"$work"}; }
 trap cleanup EXIT
-if ! { (cd "$here" && cmake --preset release -DDEPTH_BUILD_TESTS=OFF -DDEPTH_BUILD_BENCHMARKS=OFF) &&
-       cmake --build "$here/build/release" --target depth; } >"$log" 2>&1; then
+if ! { (cd "$here" && cmake --preset release -B "$build" -DDEPTH_BUILD_TESTS=OFF -DDEPTH_BUILD_BENCHMARKS=OFF) &&
+       cmake --build "$build" --target depth; } >"$log" 2>&1; then
   cat "$log" >&2
   say "the build failed"
   exit 2
 fi
-depth="$here/build/release/apps/depth/depth"
+depth="$build/apps/depth/depth"
 
 if (($# > 0)); then
   cleanup
