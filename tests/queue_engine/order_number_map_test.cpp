@@ -150,8 +150,7 @@ TEST(OrderNumberMap, BehavesLikeAnOrderedMapUnderRandomOperations)
                 const auto it = map.find(n);
                 const auto expected = reference.find(n);
                 ASSERT_EQ(it == map.end(), expected == reference.end());
-                if (expected != reference.end())
-                {
+                if (expected != reference.end()) {
                     EXPECT_EQ(it->second, expected->second);
                 }
                 break;
