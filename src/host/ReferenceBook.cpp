@@ -84,10 +84,10 @@ void ReferenceBook::apply(const feed::OrderRow& row)
     if (order.key == 0)
         return;
     BookLevel& level = levelsOf(row.side)[order.key];
-    level.shares += order.rest;
+    level.shares = plausible(level.shares + order.rest);
     ++level.orders;
     if (order.priceless) {
-        level.pricelessShares += order.rest;
+        level.pricelessShares = plausible(level.pricelessShares + order.rest);
         ++level.pricelessOrders;
     }
 }

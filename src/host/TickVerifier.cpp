@@ -14,6 +14,7 @@ namespace {
 constexpr int kSettleTicks = 3; // a part deal is marked, then subtracted; the third finds nothing to do
 constexpr int kLevelsRead = 40; // levels of the engine looked at; more than ten so that surplus ones are seen
 constexpr std::size_t kMostOrdersNamed = 4;
+constexpr std::int64_t kMostShares = std::int64_t(1) << 60; // a published volume beyond it is none
 constexpr std::int64_t kProgressRows = 5000;
 
 const char* const kUnplaced = "the snapshot shows no moment of the feed";
@@ -107,7 +108,8 @@ void TickVerifier::compareSide(const feed::SnapshotRow& row, Kel::EOrderQueueTyp
             const auto inBook = bookLevels.find(key);
             if (inBook != bookLevels.end() && inBook->second.pricelessOrders > 0) {
                 ++m_result.lessPriceless;
-                expected.shares -= inBook->second.pricelessShares;
+                expected.shares =
+                    std::clamp(shown.shares, -kMostShares, kMostShares) - inBook->second.pricelessShares;
                 expected.orders -= countsPublished ? inBook->second.pricelessOrders : 0;
                 // Nothing but orders without a price: the engine has no such level.
                 if (inBook->second.pricelessOrders == inBook->second.orders && expected.shares == 0)

@@ -66,9 +66,11 @@ public:
                        place))
                 return true;
         }
-        const auto first =
-            std::lower_bound(m_trail.times.begin(), m_trail.times.end(), row.time - kTimeBefore);
-        const auto last = std::upper_bound(m_trail.times.begin(), m_trail.times.end(), row.time + kTimeAfter);
+        // The trail's times are of one day; a snapshot's may be any number.
+        const std::int64_t time =
+            std::clamp(row.time, m_trail.times.front() - kTimeBefore, m_trail.times.back() + kTimeBefore);
+        const auto first = std::lower_bound(m_trail.times.begin(), m_trail.times.end(), time - kTimeBefore);
+        const auto last = std::upper_bound(m_trail.times.begin(), m_trail.times.end(), time + kTimeAfter);
         return findIn(index(m_trail.times, first), index(m_trail.times, last), from, view, place);
     }
 

@@ -82,7 +82,9 @@ SmallDay& SmallDay::deal(std::int32_t buyNo, std::int32_t sellNo, double price, 
     deal.price = price;
     deal.volume = shares;
     m_last = price;
-    m_total += shares;
+    // Tests of hostile volumes go beyond what 64 bits add up.
+    m_total =
+        static_cast<std::int64_t>(static_cast<std::uint64_t>(m_total) + static_cast<std::uint64_t>(shares));
     return row(deal);
 }
 

@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 namespace {
 
 using testing_support::SmallDay;
@@ -225,6 +227,41 @@ TEST(Verify, InLevelStyleAQueueWhoseBeginningIsNotFoundIsExplained)
     EXPECT_EQ(result.listed[0].cause,
               "the queue's beginning was not found in the list: the last order listed stands for its head");
     EXPECT_EQ(result.listed[0].detail, "published 15 2; listed 2 (dealt) 1 2");
+}
+
+TEST(Verify, ADayOfHostileRowsIsComparedToItsEnd)
+{
+    const double prices[] = {
+        0,    -1, 1e300, std::numeric_limits<double>::infinity(), std::numeric_limits<double>::quiet_NaN(),
+        10.00};
+    const std::int64_t numbers[] = {0, -1, INT64_MAX, INT64_MIN, 7};
+    for (const bool withSequence : {true, false}) {
+        SmallDay small = shortDay(withSequence);
+        const std::size_t good = small.day.orders.size();
+        for (const double price : prices) {
+            for (const std::int64_t number : numbers) {
+                small.buy(number, price, number).sell(number, price, -(number / 2) + 1);
+                small.deal(static_cast<std::int32_t>(number), -1, price, number).cancelBuy(7, number);
+            }
+        }
+        for (std::size_t i = good; i < small.day.orders.size(); ++i)
+            small.day.orders[i].time = numbers[i % 5];
+        small.snapshot(withSequence);
+        for (const std::int64_t number : numbers) {
+            feed::SnapshotRow row = small.day.snapshots[3];
+            row.time = number;
+            row.totalVolume = number;
+            row.bidVolume.fill(number);
+            row.askPrice.fill(prices[static_cast<std::size_t>(number & 3)]);
+            row.bidCount.fill(static_cast<std::int32_t>(number));
+            small.day.snapshots.push_back(row);
+        }
+        const host::Verification result = verify(small.day);
+        EXPECT_EQ(result.snapshots, 17);
+        EXPECT_GE(compared(result), 340 - result.lessPriceless);
+        EXPECT_GE(result.snapshotsMatched, 10) << "what came before is not lost";
+        EXPECT_FALSE(result.allMatch());
+    }
 }
 
 TEST(Verify, EndsWhenItIsToldTo)
