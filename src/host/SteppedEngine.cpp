@@ -64,10 +64,13 @@ void SteppedEngine::feedQuotes(int status, const quoter::QuoterBatch& batch)
     constexpr int kFirst = 0;
     constexpr int kHistory = 3;
     // Published queues of the past are the one kind of quote that the engine gives to a thread of its own.
-    if (status == kFirst || status == kHistory)
-        quoterCallBackThread(batch, 0, status);
-    else
+    if (status != kFirst && status != kHistory) {
         quoterCallBack(0, status, batch);
+        return;
+    }
+    const nelservice::CInstrumentDetailPtr detail = instrument();
+    if (detail && !batch.empty() && !standsDown(*detail))
+        quoterCallBackThread(batch, 0, status);
 }
 
 void SteppedEngine::onOrders(const std::string& /*key*/, int /*seq*/, int status,

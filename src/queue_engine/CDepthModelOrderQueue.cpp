@@ -60,6 +60,9 @@ CDepthModelOrderQueue::~CDepthModelOrderQueue()
 
 void CDepthModelOrderQueue::setStock(const QString& code)
 {
+    // A batch on the strand sees an instrument with its own tick and unit, never with those of the one
+    // before.
+    const boost::recursive_mutex::scoped_lock lock(m_dataMutex);
     const nelservice::CInstrumentDetailPtr detail =
         utils::CSingletonT<CStockManager>::instance().getInstrumentDetail(code);
     m_stockDetail.store(detail);
@@ -104,7 +107,7 @@ struct CDepthModelOrderQueue::Released
     CancelOrderSet cancelled;
     OrderCache orders;
     OrderIndex index;
-    std::vector<std::int64_t> sweepNumbers;
+    decltype(m_sweepNumbers) sweepNumbers;
     decltype(m_queueRows) rows;
 };
 
@@ -169,10 +172,10 @@ QString CDepthModelOrderQueue::headerText() const
 
 bool CDepthModelOrderQueue::checkCalcOrder()
 {
-    if (!m_bNeedCalc.load())
+    // Cleared first: what arrives during the calculation asks for the next one.
+    if (!m_bNeedCalc.exchange(false))
         return false;
     calcOrder();
-    m_bNeedCalc = false;
     return true;
 }
 
@@ -210,10 +213,12 @@ void CDepthModelOrderQueue::slotTimeout()
     if (!m_bLevelDataBack && isContinousStatus(depth))
         return;
 
+    // The clock before the feed's time: a batch between the two reads makes the difference negative, not
+    // large. It wraps like the clock itself would; the feed's times are far from either end.
+    const auto clock = static_cast<std::uint64_t>(m_refreshClock.load());
     const std::int64_t feedTime = m_lastFeedTime;
-    // Wraps like the clock itself would; the feed's times are far from either end.
-    const auto quietTicks = static_cast<std::int64_t>(static_cast<std::uint64_t>(m_refreshClock.load()) -
-                                                      static_cast<std::uint64_t>(feedTime));
+    const auto quietTicks = static_cast<std::int64_t>(clock - static_cast<std::uint64_t>(feedTime));
+    std::int64_t depthTime = m_depthTime;
     if (quietTicks < kActiveRefreshTicks) {
         m_refreshClock.fetch_add(1);
         updateDataList();
@@ -221,9 +226,11 @@ void CDepthModelOrderQueue::slotTimeout()
             m_nRefreshCount = 0;
             fixSZDataList(true);
         }
-    } else if (m_depthTime < feedTime) {
-        // The feed has been quiet for long: from now on the snapshot is the newer source.
-        m_depthTime = feedTime < std::numeric_limits<std::int64_t>::max() ? feedTime + 1 : feedTime;
+    } else if (depthTime < feedTime) {
+        // The feed has been quiet for long: from now on the snapshot is the newer source. One that arrives
+        // meanwhile keeps its own time.
+        m_depthTime.compare_exchange_strong(
+            depthTime, feedTime < std::numeric_limits<std::int64_t>::max() ? feedTime + 1 : feedTime);
         updateDataList();
     }
 }

@@ -24,6 +24,7 @@
 #include <QString>
 #include <QTimer>
 
+#include <array>
 #include <atomic>
 #include <cstddef>
 #include <cstdint>
@@ -67,7 +68,8 @@ public:
     void clear(bool bClearUICache);
 
     /// Depth snapshots (status -1) and published queues (status 0 and 3: history, on a thread of their own; 1
-    /// and 2: updates, of which only the last record counts). Other statuses are ignored. Any thread.
+    /// and 2: updates, of which only the last record counts). Other statuses are ignored. Any thread, but
+    /// none may be inside when the engine ends.
     void quoterCallBack(int seq, int status, const std::vector<boost::shared_ptr<quoter::QuoterBase>>& data);
 
     /// Tick-by-tick orders: status 0 opens a reload, 1 and 2 are live, 3 is a large batch. Handled on the
@@ -140,6 +142,7 @@ protected:
     void doOrderCallBack(int seq, int status, const boost::shared_ptr<Kel::MetaCacheDataWrapper>& data);
     void doDealCallBack(int seq, int status, const boost::shared_ptr<Kel::MetaCacheDataWrapper>& data);
     void quoterCallBackThread(const quoter::QuoterBatch& data, int seq, int status);
+    bool standsDown(const nelservice::CInstrumentDetail& detail) const;
 
     // Orders and deals (order_deal_matching.cpp, level_pass.cpp); m_dataMutex is held
     // -----------------------------------
@@ -242,7 +245,6 @@ private:
         double sum = 0;
     };
 
-    bool standsDown(const nelservice::CInstrumentDetail& detail) const;
     bool isInstrument(const boost::shared_ptr<Kel::MetaCacheDataWrapper>& data) const;
     double lotsOf(std::int64_t shares) const;
     int keyOf(double price) const;
@@ -251,7 +253,7 @@ private:
     void clearQueuesInPlace();
 
     void addDealtLots(int kind, std::int64_t number, double lots);
-    void noteNumber(std::int64_t number);
+    void noteNumber(int kind, std::int64_t number);
     void wakeAllLevels();
     void appendPublishedQueue(EOrderQueueType side, double price, const std::vector<int>& volumes, int count,
                               std::int64_t seconds);
@@ -282,10 +284,11 @@ private:
     void checkInvariants() const;
 
     std::atomic<bool> m_fullPass{false};
-    OrderIndex m_orderIndex;                  ///< levels by listed number; guarded by `m_dataMutex`
-    std::vector<std::int64_t> m_sweepNumbers; ///< numbers dealt or cancelled since the last sweep; same guard
-    std::atomic<bool> m_sweepAll{true};       ///< the next sweep reads the whole cache, as the first one does
-    boost::shared_ptr<EngineGate> m_gate;     ///< held by every job outside the GUI thread
+    OrderIndex m_orderIndex; ///< levels by listed number; guarded by `m_dataMutex`
+    /// By deal kind: numbers dealt or cancelled since the last sweep; same guard.
+    std::array<std::vector<std::int64_t>, DEAL_KIND_CANCEL + 1> m_sweepNumbers;
+    std::atomic<bool> m_sweepAll{true};   ///< the next sweep reads the whole cache, as the first one does
+    boost::shared_ptr<EngineGate> m_gate; ///< held by every job outside the GUI thread
 };
 
 } // namespace Kel

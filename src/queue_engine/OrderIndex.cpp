@@ -1,7 +1,5 @@
 #include "queue_engine/OrderIndex.h"
 
-#include <algorithm>
-
 namespace Kel {
 
 void OrderIndex::add(std::int64_t number, OrderQueueData* level)
@@ -9,9 +7,7 @@ void OrderIndex::add(std::int64_t number, OrderQueueData* level)
     const auto [it, entered] = m_levels.try_emplace(number, level);
     if (entered || it->second == level)
         return;
-    std::vector<OrderQueueData*>& more = m_more[number];
-    if (std::find(more.begin(), more.end(), level) == more.end())
-        more.push_back(level);
+    m_more[number].insert(level);
 }
 
 void OrderIndex::remove(std::int64_t number, OrderQueueData* level)
@@ -21,7 +17,7 @@ void OrderIndex::remove(std::int64_t number, OrderQueueData* level)
         return;
     // A number of several levels is rare and stays as it is: its levels are woken once too often.
     if (it->second == level && (m_more.empty() || m_more.find(number) == m_more.end()))
-        m_levels.erase(number);
+        m_levels.erase(it);
 }
 
 void OrderIndex::touch(std::int64_t number)
@@ -47,8 +43,7 @@ bool OrderIndex::contains(std::int64_t number, const OrderQueueData* level) cons
     if (it->second == level)
         return true;
     const auto more = m_more.find(number);
-    return more != m_more.end() &&
-           std::find(more->second.begin(), more->second.end(), level) != more->second.end();
+    return more != m_more.end() && more->second.contains(const_cast<OrderQueueData*>(level));
 }
 
 void OrderIndex::clear()
@@ -65,9 +60,8 @@ void OrderIndex::swap(OrderIndex& other)
 
 std::size_t OrderIndex::heapBytes() const
 {
-    return m_levels.heapBytes() +
-           m_more.size() *
-               (sizeof(std::pair<std::int64_t, std::vector<OrderQueueData*>>) + 2 * sizeof(void*));
+    return m_levels.capacity() * (sizeof(*m_levels.begin()) + 1) +
+           m_more.size() * (sizeof(*m_more.begin()) + 2 * sizeof(void*));
 }
 
 } // namespace Kel

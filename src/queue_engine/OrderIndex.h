@@ -1,12 +1,13 @@
 #pragma once
 
-#include "queue_engine/OrderNumberMap.h"
 #include "records/OrderQueueData.h"
+
+#include <absl/container/flat_hash_map.h>
+#include <absl/container/flat_hash_set.h>
 
 #include <cstddef>
 #include <cstdint>
 #include <unordered_map>
-#include <vector>
 
 namespace Kel {
 
@@ -32,9 +33,9 @@ public:
     std::size_t heapBytes() const;
 
 private:
-    OrderNumberMap<OrderQueueData*> m_levels;
+    absl::flat_hash_map<std::int64_t, OrderQueueData*> m_levels;
     /// Further levels of a number that was listed at more than one price.
-    std::unordered_map<std::int64_t, std::vector<OrderQueueData*>> m_more;
+    std::unordered_map<std::int64_t, absl::flat_hash_set<OrderQueueData*>> m_more;
 };
 
 } // namespace Kel

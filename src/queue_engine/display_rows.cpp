@@ -78,6 +78,7 @@ void CDepthModelOrderQueue::calcOrder()
         m_bNeedRepaint = false;
         return;
     }
+    checkInvariants();
     m_strHeader = headerLine(kSellLine, sell) + QLatin1Char('\n') + headerLine(kBuyLine, buy);
     m_bNeedRepaint = true;
 }
@@ -150,7 +151,8 @@ int CDepthModelOrderQueue::tenPrice(const CalcMoment& moment, EOrderQueueType ty
         return keyOf(type == OQT_SELL ? moment.depth->askPrice[index] : moment.depth->bidPrice[index]);
     if (m_tenPrices.empty())
         buildTenPrices(moment);
-    return m_tenPrices[type][static_cast<std::size_t>(index)];
+    const EOrderQueueType side = type == OQT_SELL ? OQT_SELL : OQT_BUY;
+    return m_tenPrices[side][static_cast<std::size_t>(index)];
 }
 
 /// The ten prices from the lists, when they are newer than the snapshot. The last traded price stays on the

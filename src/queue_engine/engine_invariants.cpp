@@ -4,6 +4,7 @@
 
 #include "records/Tolerance.h"
 
+#include <cstddef>
 #include <cstdio>
 #include <cstdlib>
 
@@ -79,18 +80,19 @@ std::size_t CDepthModelOrderQueue::heapBytes() const
 {
     const boost::recursive_mutex::scoped_lock lock(m_dataMutex);
     constexpr std::size_t kMapNode = 4 * sizeof(void*); // three pointers and a colour
-    std::size_t bytes = m_orderIndex.heapBytes() + m_cancelOrders.heapBytes() +
-                        m_sweepNumbers.capacity() * sizeof(std::int64_t);
+    std::size_t bytes = m_orderIndex.heapBytes() + m_cancelOrders.heapBytes();
+    for (const auto& numbers : m_sweepNumbers)
+        bytes += numbers.capacity() * sizeof(std::int64_t);
     for (const auto& side : m_orderCache)
-        bytes += side.second.heapBytes();
+        bytes +=
+            side.second.size() * sizeof(OrderCacheSide::value_type) * 4 / 3; // nodes are three quarters full
     for (const auto& kind : m_dealCache)
         bytes += kind.second.heapBytes();
     for (const LevelMap& levels : m_orderQueues) {
         for (const OrderQueueDataPtr& level : levels) {
-            bytes +=
-                static_cast<double>(kMapNode + sizeof(OrderQueueDataPtr) + sizeof(OrderQueueData) +
-                                    static_cast<std::size_t>(level->m_orders.capacity()) * sizeof(COrderVol) +
-                                    level->m_orderIds.heapBytes() + level->m_rest.heapBytes());
+            bytes += kMapNode + sizeof(OrderQueueDataPtr) + sizeof(OrderQueueData) +
+                     static_cast<std::size_t>(level->m_orders.capacity()) * sizeof(COrderVol) +
+                     level->m_orderIds.heapBytes() + level->m_rest.heapBytes();
         }
     }
     return bytes;

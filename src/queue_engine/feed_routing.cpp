@@ -58,12 +58,16 @@ void CDepthModelOrderQueue::quoterCallBack(int seq, int status,
     case eFeedFirst:
     case eFeedHistory: {
         const boost::shared_ptr<EngineGate> gate = m_gate;
-        boost::thread worker([this, gate, data, seq, status] {
+        const auto job = [this, gate, data, seq, status] {
             const EngineGate::Pass pass(*gate);
             if (pass)
                 quoterCallBackThread(data, seq, status);
-        });
-        worker.detach();
+        };
+        try {
+            boost::thread(job).detach();
+        } catch (const boost::thread_resource_error&) {
+            job(); // the system has no thread to give: the caller waits instead of losing the records
+        }
         break;
     }
     case eFeedLive:

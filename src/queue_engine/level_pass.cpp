@@ -185,7 +185,7 @@ bool CDepthModelOrderQueue::passOverList(const PassMoment& moment, OrderQueueDat
                 if (order.m_type != OQT_CANCELED)
                     order.m_vol -= entry->second;
                 removed = entry->second;
-                side->erase(entry);
+                side->erase(order.m_entrustNo);
                 erased = true;
             }
             if (!isPositive(order.m_vol)) {

@@ -48,7 +48,7 @@ bool takeIfCovered(DealCache& cache, int kind, std::int64_t number, double lots)
     const auto entry = entries->second.find(number);
     if (entry == entries->second.end() || isLess(entry->second, lots))
         return false;
-    entries->second.erase(entry);
+    entries->second.erase(number);
     return true;
 }
 
@@ -67,7 +67,10 @@ bool CDepthModelOrderQueue::filterOrderData(const quoter::QuoterBatch& batch)
             continue;
         if (takeIfCovered(m_dealCache, DEAL_KIND_CANCEL, order->entrustNo, lots))
             continue;
-        m_orderCache[order->side][order->entrustNo] = boost::static_pointer_cast<quoter::OrderData>(record);
+        OrderCacheSide& side = m_orderCache[order->side];
+        // Numbers rise within a channel, so nearly every order goes to the end.
+        side.try_emplace(side.end(), order->entrustNo)->second =
+            boost::static_pointer_cast<quoter::OrderData>(record);
     }
     return true;
 }
@@ -78,17 +81,18 @@ void CDepthModelOrderQueue::addDealtLots(int kind, std::int64_t number, double l
 }
 
 /// The caches have news of a number: the next pass of its levels and the next sweep have to look at it.
-void CDepthModelOrderQueue::noteNumber(std::int64_t number)
+void CDepthModelOrderQueue::noteNumber(int kind, std::int64_t number)
 {
     m_orderIndex.touch(number);
     if (m_orderCache.empty() || m_sweepAll)
         return;
-    if (m_sweepNumbers.size() >= kFewestSweepNumbers && m_sweepNumbers.size() >= orderCacheSize() / 8) {
+    std::vector<std::int64_t>& numbers = m_sweepNumbers[static_cast<std::size_t>(kind)];
+    if (numbers.size() >= kFewestSweepNumbers && numbers.size() >= orderCacheSize() / 8) {
         m_sweepAll = true;
-        m_sweepNumbers.clear();
+        m_sweepNumbers = {};
         return;
     }
-    m_sweepNumbers.push_back(number);
+    numbers.push_back(number);
 }
 
 std::size_t CDepthModelOrderQueue::orderCacheSize() const
@@ -108,17 +112,17 @@ void CDepthModelOrderQueue::appendTransactionDealData(int /*status*/, const quot
         const double lots = lotsOf(deal->volume);
         if (deal->buyNo != 0) {
             addDealtLots(kBuySide, deal->buyNo, lots);
-            noteNumber(deal->buyNo);
+            noteNumber(kBuySide, deal->buyNo);
         }
         if (deal->sellNo != 0) {
             addDealtLots(kSellSide, deal->sellNo, lots);
-            noteNumber(deal->sellNo);
+            noteNumber(kSellSide, deal->sellNo);
         }
         if (deal->kind == quoter::eTransactionCancel) {
             // The number of a cancelled order stands in `buyNo`, whichever side it was on.
             const bool entered = m_cancelOrders.insert(deal->buyNo);
             addDealtLots(DEAL_KIND_CANCEL, deal->buyNo, lots);
-            noteNumber(deal->buyNo);
+            noteNumber(DEAL_KIND_CANCEL, deal->buyNo);
             if (deal->buyNo == 0 && entered)
                 wakeAllLevels();
         }
@@ -267,23 +271,26 @@ void CDepthModelOrderQueue::updateUnDealOrderCache()
         return;
     m_nOrderCount = 0;
     m_nDealCount = 0;
-    if (m_fullPass || m_sweepAll)
+    // Taken before the sweep: a change of unit during it concerns the next one.
+    if (m_sweepAll.exchange(false) || m_fullPass)
         sweepWholeCache();
     else
         sweepTouchedNumbers();
-    m_sweepNumbers.clear();
-    m_sweepAll = false;
+    for (std::vector<std::int64_t>& numbers : m_sweepNumbers)
+        numbers.clear();
 }
 
+/// What stays moves into a new map: the sweep of a history drops most of the cache, and appending in order is
+/// the cheapest way to write a B-tree.
 void CDepthModelOrderQueue::sweepWholeCache()
 {
     for (auto& side : m_orderCache) {
-        for (auto cached = side.second.begin(); cached != side.second.end();) {
-            if (hasEnded(side.first, *cached->second))
-                cached = side.second.erase(cached);
-            else
-                ++cached;
+        OrderCacheSide kept;
+        for (auto& cached : side.second) {
+            if (!hasEnded(side.first, *cached.second))
+                kept.emplace_hint(kept.end(), cached.first, std::move(cached.second));
         }
+        side.second.swap(kept);
     }
 }
 
@@ -297,18 +304,28 @@ bool CDepthModelOrderQueue::hasEnded(int side, const quoter::OrderData& order)
     return takeIfCovered(m_dealCache, DEAL_KIND_CANCEL, order.entrustNo, lots);
 }
 
-/// Only a number that was dealt or cancelled since the last sweep can have come to its end; the numbers are
-/// taken in the order in which the whole sweep would come to them.
+/// Only a number that was dealt on its side or cancelled since the last sweep can have come to its end; the
+/// numbers are taken in the order in which the whole sweep would come to them.
 void CDepthModelOrderQueue::sweepTouchedNumbers()
 {
-    std::sort(m_sweepNumbers.begin(), m_sweepNumbers.end());
-    m_sweepNumbers.erase(std::unique(m_sweepNumbers.begin(), m_sweepNumbers.end()), m_sweepNumbers.end());
     for (auto& side : m_orderCache) {
-        for (const std::int64_t number : m_sweepNumbers) {
+        if (side.second.empty())
+            continue;
+        std::vector<std::int64_t> numbers = m_sweepNumbers[DEAL_KIND_CANCEL];
+        if (side.first == kBuySide || side.first == kSellSide) {
+            const std::vector<std::int64_t>& dealt = m_sweepNumbers[static_cast<std::size_t>(side.first)];
+            numbers.insert(numbers.end(), dealt.begin(), dealt.end());
+        }
+        // Most of what is dealt came live, behind all that is cached.
+        const std::int64_t last = side.second.rbegin()->first;
+        numbers.erase(
+            std::remove_if(numbers.begin(), numbers.end(), [last](std::int64_t n) { return n > last; }),
+            numbers.end());
+        std::sort(numbers.begin(), numbers.end());
+        numbers.erase(std::unique(numbers.begin(), numbers.end()), numbers.end());
+        for (const std::int64_t number : numbers) {
             const auto cached = side.second.find(number);
-            if (cached == side.second.end())
-                continue;
-            if (hasEnded(side.first, *cached->second))
+            if (cached != side.second.end() && hasEnded(side.first, *cached->second))
                 side.second.erase(cached);
         }
     }

@@ -19,6 +19,7 @@ void CDepthModelOrderQueue::appendOrderData(const boost::shared_ptr<quoter::Leve
     appendPublishedQueue(OQT_BUY, level->bidPrice, level->bidVolumes, level->bidCount, level->m_time / 1000);
     appendPublishedQueue(OQT_SELL, level->askPrice, level->askVolumes, level->askCount, level->m_time / 1000);
     m_bLevelArrived = true;
+    checkInvariants();
     Q_EMIT sigTimerControl();
 }
 
@@ -73,6 +74,7 @@ void CDepthModelOrderQueue::fixOrderDataList()
         for (const OrderQueueDataPtr& level : levels)
             cut = level->trimToLevelVol() || cut;
     }
+    checkInvariants();
     if (cut)
         m_bNeedRepaint = true;
 }
@@ -93,6 +95,7 @@ void CDepthModelOrderQueue::fixSZDataList(bool bOnlyTenLevels)
                 level->calcUnknownVol();
         }
     }
+    checkInvariants();
     if (dropped)
         m_bNeedRepaint = true;
 }

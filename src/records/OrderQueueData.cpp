@@ -146,6 +146,8 @@ QString OrderQueueData::getLevelName() const
 
 bool orderQueueLesserThan(const OrderQueueDataPtr& a, const OrderQueueDataPtr& b)
 {
+    if (!a || !b)
+        return !a && b;
     return a->m_level < b->m_level;
 }
 

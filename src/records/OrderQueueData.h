@@ -116,7 +116,7 @@ private:
 
 using OrderQueueDataPtr = boost::shared_ptr<OrderQueueData>;
 
-/// Order by level: true when `a` is nearer to the best price than `b`.
+/// Order by level: true when `a` is nearer to the best price than `b`. No level comes before any.
 bool orderQueueLesserThan(const OrderQueueDataPtr& a, const OrderQueueDataPtr& b);
 
 /// The level as lines of text, for tests and the command line: one head line, then one line an order.
