@@ -258,6 +258,7 @@ private:
     void appendPublishedQueue(EOrderQueueType side, double price, const std::vector<int>& volumes, int count,
                               std::int64_t seconds);
     void logPriceless(const quoter::OrderData& order) const;
+    void listLiveOrder(const quoter::OrderData& order);
     void listOrder(const quoter::OrderData& order, int key, const COrderVol& vol);
     OrderQueueData& levelFor(const quoter::OrderData& order, int key);
     OrderQueueData* findLevel(int side, int key) const;

@@ -80,10 +80,9 @@ void CDepthModelOrderQueue::addDealtLots(int kind, std::int64_t number, double l
     m_dealCache[kind][number] += lots;
 }
 
-/// The caches have news of a number: the next pass of its levels and the next sweep have to look at it.
+/// A deal kind has news of a number, which the next sweep has to look at.
 void CDepthModelOrderQueue::noteNumber(int kind, std::int64_t number)
 {
-    m_orderIndex.touch(number);
     if (m_orderCache.empty() || m_sweepAll)
         return;
     std::vector<std::int64_t>& numbers = m_sweepNumbers[static_cast<std::size_t>(kind)];
@@ -113,18 +112,24 @@ void CDepthModelOrderQueue::appendTransactionDealData(int /*status*/, const quot
         if (deal->buyNo != 0) {
             addDealtLots(kBuySide, deal->buyNo, lots);
             noteNumber(kBuySide, deal->buyNo);
+            m_orderIndex.touch(deal->buyNo);
         }
         if (deal->sellNo != 0) {
             addDealtLots(kSellSide, deal->sellNo, lots);
             noteNumber(kSellSide, deal->sellNo);
+            if (deal->sellNo != deal->buyNo)
+                m_orderIndex.touch(deal->sellNo);
         }
         if (deal->kind == quoter::eTransactionCancel) {
             // The number of a cancelled order stands in `buyNo`, whichever side it was on.
             const bool entered = m_cancelOrders.insert(deal->buyNo);
             addDealtLots(DEAL_KIND_CANCEL, deal->buyNo, lots);
             noteNumber(DEAL_KIND_CANCEL, deal->buyNo);
-            if (deal->buyNo == 0 && entered)
-                wakeAllLevels();
+            if (deal->buyNo == 0) {
+                m_orderIndex.touch(0);
+                if (entered)
+                    wakeAllLevels();
+            }
         }
     }
 
@@ -150,7 +155,8 @@ void CDepthModelOrderQueue::wakeAllLevels()
 void CDepthModelOrderQueue::appendTransactionOrderData(const quoter::QuoterBatch& batch)
 {
     for (const quoter::QuoterBasePtr& record : batch)
-        updateOrderDataList(quoter::recordCast<quoter::OrderData>(record));
+        if (const auto* order = quoter::recordCast<quoter::OrderData>(record.get()))
+            listLiveOrder(*order);
 }
 
 void CDepthModelOrderQueue::matchOrderDeal()
@@ -228,32 +234,36 @@ void CDepthModelOrderQueue::updateNewOrderDataList(const boost::shared_ptr<quote
 
 void CDepthModelOrderQueue::updateOrderDataList(const boost::shared_ptr<quoter::OrderData>& order)
 {
-    if (!order)
-        return;
-    const int key = keyOf(order->price);
+    if (order)
+        listLiveOrder(*order);
+}
+
+void CDepthModelOrderQueue::listLiveOrder(const quoter::OrderData& order)
+{
+    const int key = keyOf(order.price);
     if (key == 0) {
-        logPriceless(*order);
+        logPriceless(order);
         return;
     }
     COrderVol vol;
-    vol.m_entrustNo = order->entrustNo;
-    vol.m_vol = lotsOf(order->volume);
+    vol.m_entrustNo = order.entrustNo;
+    vol.m_vol = lotsOf(order.volume);
 
-    if (m_cancelOrders.contains(order->entrustNo)) {
+    if (m_cancelOrders.contains(order.entrustNo)) {
         // Cancelled before it was seen: shown as cancelled for a pass, and counted only if it opens the
         // level.
         vol.m_type = OQT_CANCELED;
-        OrderQueueData* level = findLevel(order->side, key);
+        OrderQueueData* level = findLevel(order.side, key);
         if (!level) {
-            listOrder(*order, key, vol);
-        } else if (!level->markOrder(order->entrustNo, OQT_CANCELED)) {
+            listOrder(order, key, vol);
+        } else if (!level->markOrder(order.entrustNo, OQT_CANCELED)) {
             level->appendUncounted(vol);
-            m_orderIndex.add(order->entrustNo, level);
+            m_orderIndex.add(order.entrustNo, level);
         }
         return;
     }
 
-    const double* dealt = findLots(m_dealCache, order->side, order->entrustNo);
+    const double* dealt = findLots(m_dealCache, order.side, order.entrustNo);
     const double dealtLots = dealt ? *dealt : 0;
     vol.m_type = OQT_UNKNOWN;
     if (!isZero(dealtLots) && !isLess(dealtLots, vol.m_vol))
@@ -262,7 +272,7 @@ void CDepthModelOrderQueue::updateOrderDataList(const boost::shared_ptr<quoter::
         vol.m_type = OQT_PART_DEALT;
     if (vol.m_type == OQT_PART_DEALT)
         vol.m_partDealVol = dealtLots;
-    listOrder(*order, key, vol);
+    listOrder(order, key, vol);
 }
 
 void CDepthModelOrderQueue::updateUnDealOrderCache()
