@@ -24,7 +24,7 @@ const char* const kUnexplained = "not explained";
 const char* const kNotExamined = "not examined";
 
 /// Explaining a mismatch reads the whole book; of a broken day's hundred thousand the first tell the cause.
-constexpr std::size_t kMostExplained = 25000;
+constexpr std::int64_t kMostExplained = 25000;
 
 } // namespace
 

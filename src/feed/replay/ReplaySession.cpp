@@ -5,6 +5,8 @@
 
 #include <boost/make_shared.hpp>
 
+#include <absl/container/flat_hash_map.h>
+
 #include <algorithm>
 
 namespace feed {
@@ -117,6 +119,7 @@ void ReplaySession::startAt(std::int64_t timeMs)
     std::int64_t time = 0;
     for (Kind kind = next(to, time); kind != Kind::None && time <= timeMs; kind = next(to, time))
         pass(to, kind, time);
+    m_loaded = false;
     deliverHistory(to);
     if (to.snapshots > 0) {
         m_sink.onQuotes(m_key, m_quoteCalls++, kStatusSnapshot,
@@ -211,8 +214,8 @@ bool ReplaySession::atEnd() const
 
 void ReplaySession::deliverUpTo(const Position& to)
 {
-    const bool firstOrders = m_at.orders == 0 && to.orders > 0;
-    if (firstOrders)
+    const bool moreTicks = to.orders > m_at.orders || to.deals > m_at.deals;
+    if (!m_loaded && to.orders > 0 && moreTicks)
         deliverHistory(to);
     else
         deliverLive(to);
@@ -246,6 +249,26 @@ void ReplaySession::deliverHistory(const Position& to)
     sendHistory(to.orders,
                 [this](std::size_t from, std::size_t end, int status) { sendOrders(from, end, status); });
     sendDeals(0, 0, kStatusLive);
+    m_loaded = anyOrderStands(to);
+}
+
+/// Whether any of the orders so far has a rest that was neither dealt nor cancelled.
+bool ReplaySession::anyOrderStands(const Position& at) const
+{
+    absl::flat_hash_map<std::int64_t, double> ended;
+    for (std::size_t i = 0; i < at.deals; ++i) {
+        const DealRow& row = m_day.deals[i];
+        const auto volume = static_cast<double>(row.volume);
+        if (row.buyNo != 0)
+            ended[row.buyNo] += volume;
+        if (row.sellNo != 0 && row.sellNo != row.buyNo)
+            ended[row.sellNo] += volume;
+    }
+    return std::any_of(m_day.orders.begin(), m_day.orders.begin() + static_cast<std::ptrdiff_t>(at.orders),
+                       [&](const OrderRow& row) {
+                           const auto it = ended.find(row.number);
+                           return it == ended.end() || it->second < static_cast<double>(row.volume);
+                       });
 }
 
 template <class Send>

@@ -25,11 +25,12 @@ struct ReplayOptions
 /// the latest record before it in the sequence if that one is later; nothing goes out before its moment. The
 /// same calls give the same deliveries.
 ///
-/// A history load, at a start and again when the first orders of a day turn up, is for each channel a batch
-/// of status 0 and as many of status 3 as it takes: deals first, then orders, then an empty live batch of
-/// deals. So a queue that matches orders against deals has all deals when the orders come. As long as there
-/// are no orders, none are announced: a style of feed without orders stays one. Published queues and
-/// snapshots follow: the latest of each.
+/// A history load, at a start and again as long as no order has been left standing, is for each channel a
+/// batch of status 0 and as many of status 3 as it takes: deals first, then orders, then an empty live batch
+/// of deals. So a queue that matches orders against deals has all deals when the orders come. As long as
+/// there are no orders, none are announced: a style of feed without orders stays one. (A receiver tells the
+/// styles apart by whether it holds an order of a history load, so a load whose orders have all ended must be
+/// repeated.) Published queues and snapshots follow: the latest of each.
 ///
 /// Live, each interval of feed time is delivered in one go: orders, deals, published queues, snapshots.
 ///
@@ -96,6 +97,7 @@ private:
     static void pass(Position& at, Kind kind, std::int64_t time);
     void start();
     bool stepTo(Kind kind);
+    bool anyOrderStands(const Position& at) const;
     void deliverUpTo(const Position& to);
     void deliverLive(const Position& to);
     void deliverHistory(const Position& to);
@@ -109,6 +111,7 @@ private:
     ReplayOptions m_options;
     std::string m_key;
     bool m_started = false;
+    bool m_loaded = false; ///< a history load has left an order standing
     Position m_at;
     std::int64_t m_now = 0;
     std::int64_t m_firstTime = 0;

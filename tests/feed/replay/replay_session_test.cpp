@@ -134,6 +134,25 @@ TEST(ReplaySession, TheFirstOrdersOfADayComeAsHistoryBehindTheirDeals)
                                          "orders 1 s1 230:5"));
 }
 
+TEST(ReplaySession, ALoadIsRepeatedUntilAnOrderIsLeftStanding)
+{
+    // Order 1 is dealt whole by deal 2, order 3 stays; the deal of order 3 at the end takes half of it.
+    InstrumentDay day = dayOf("o110 d120 o210 d310");
+    day.deals[0].buyNo = 1;
+    day.deals[1].buyNo = 3;
+    day.deals[1].volume = 50;
+    RecordingSink sink;
+    ReplaySession session(day, sink);
+    session.startAt(100);
+    sink.take();
+    session.advanceTo(200);
+    EXPECT_THAT(sink.take(), ElementsAre("deals 1 s0 120:2", "orders 0 s0 110:1", "deals 2 s1"));
+    session.advanceTo(300);
+    EXPECT_THAT(sink.take(), ElementsAre("deals 3 s0 120:2", "orders 1 s0 110:1 210:3", "deals 4 s1"));
+    session.advanceTo(400);
+    EXPECT_THAT(sink.take(), ElementsAre("deals 5 s1 310:4"));
+}
+
 TEST(ReplaySession, ADayWithoutOrdersNeverAnnouncesAny)
 {
     const InstrumentDay day = dayOf("d10 q20 s20 d150 q200");
