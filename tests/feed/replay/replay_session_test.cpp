@@ -34,7 +34,8 @@ InstrumentDay dayOf(const std::string& text)
             day.orders.push_back({time, number, number, 10, 100, 1, 1});
             break;
         case 'd':
-            day.deals.push_back({time, number, 10, 100, number, 1, 2, 0, 1});
+            // Of orders from before the day: what becomes of the day's own orders is for a test to say.
+            day.deals.push_back({time, number, 10, 100, number, 900001, 900002, 0, 1});
             break;
         case 'q':
             day.queues.emplace_back();
