@@ -47,6 +47,13 @@ if wants fuzz; then
 fi
 
 echo
+total=0
 for summary in "${summaries[@]}"; do
   echo "$summary"
+  count=$(sed -nE 's/.*tests passed, 0 tests failed out of ([0-9]+).*/\1/p' <<<"$summary")
+  total=$((total + ${count:-0}))
 done
+# Whatever fails has ended the script before this line.
+if ((total > 0)); then
+  echo "tests: $total passed, 0 failed"
+fi
