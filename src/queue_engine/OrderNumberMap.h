@@ -135,20 +135,20 @@ public:
             if (!chunk)
                 continue;
             bytes += sizeof(Chunk);
-            for (const Page& page : chunk->pages)
-                bytes += page.values.capacity() * sizeof(Value);
+            for (const auto& page : chunk->pages)
+                bytes += page ? sizeof(Page) + page->values.capacity() * sizeof(Value) : 0;
         }
         return bytes;
     }
 
 private:
     static constexpr int kPageBits = 8;   // numbers of a page
-    static constexpr int kChunkBits = 12; // numbers of a chunk of pages
+    static constexpr int kChunkBits = 16; // numbers of a chunk of pages
     static constexpr std::int64_t kPagedEnd = std::int64_t(1) << 31;
     static constexpr std::size_t kPages = std::size_t(1) << (kChunkBits - kPageBits);
     static constexpr unsigned kWords = (1u << kPageBits) / 64;
 
-    struct alignas(64) Page
+    struct Page
     {
         std::array<std::uint64_t, kWords> bits{};
         std::array<std::uint8_t, kWords> before{}; ///< set bits in the words before each
@@ -208,8 +208,8 @@ private:
 
     struct Chunk
     {
-        std::array<Page, kPages> pages;
-        std::size_t used = 0; ///< pages that hold anything
+        std::array<std::unique_ptr<Page>, kPages> pages;
+        std::size_t used = 0;
     };
 
     struct Place
@@ -270,7 +270,7 @@ private:
         const std::size_t index = chunkIndex(number);
         if (index >= m_chunks.size() || !m_chunks[index])
             return nullptr;
-        return &m_chunks[index]->pages[pageIndex(number)];
+        return m_chunks[index]->pages[pageIndex(number)].get();
     }
 
     Place place(std::int64_t number) const
@@ -297,18 +297,21 @@ private:
         if (!m_chunks[index])
             m_chunks[index] = std::make_unique<Chunk>();
         Chunk& chunk = *m_chunks[index];
-        Page& page = chunk.pages[pageIndex(number)];
-        if (page.has(number))
-            return {&page.values[page.rank(number)], false};
-        chunk.used += page.values.empty() ? 1 : 0;
+        std::unique_ptr<Page>& page = chunk.pages[pageIndex(number)];
+        if (!page) {
+            page = std::make_unique<Page>();
+            ++chunk.used;
+        }
+        if (page->has(number))
+            return {&page->values[page->rank(number)], false};
         ++m_size;
-        return {page.insert(number), true};
+        return {page->insert(number), true};
     }
 
     void freePage(std::int64_t number)
     {
         std::unique_ptr<Chunk>& chunk = m_chunks[chunkIndex(number)];
-        chunk->pages[pageIndex(number)].values = std::vector<Value>();
+        chunk->pages[pageIndex(number)].reset();
         if (--chunk->used == 0)
             chunk.reset();
     }
@@ -345,13 +348,15 @@ private:
             if (!m_chunks[index])
                 continue;
             for (; page < kPages; ++page, from = 0) {
-                Page& found = m_chunks[index]->pages[page];
-                const unsigned offset = found.firstFrom(from);
+                Page* found = m_chunks[index]->pages[page].get();
+                if (!found)
+                    continue;
+                const unsigned offset = found->firstFrom(from);
                 if (offset >= 1u << kPageBits)
                     continue;
                 const std::int64_t at = (static_cast<std::int64_t>(index) << kChunkBits) +
                                         (static_cast<std::int64_t>(page) << kPageBits) + offset;
-                return {at, &found.values[found.rank(at)]};
+                return {at, &found->values[found->rank(at)]};
             }
         }
         return {};
