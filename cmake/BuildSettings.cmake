@@ -20,7 +20,7 @@ if(LLD_PROGRAM)
   add_link_options(-fuse-ld=lld)
 endif()
 
-find_package(Qt5 5.15 REQUIRED COMPONENTS Core)
+find_package(Qt5 5.15 REQUIRED COMPONENTS Core Gui Widgets Svg)
 find_package(Boost 1.74 REQUIRED COMPONENTS thread system chrono)
 find_package(Threads REQUIRED)
 find_package(PkgConfig REQUIRED)

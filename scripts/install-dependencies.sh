@@ -5,7 +5,7 @@ set -euo pipefail
 
 packages=(
   build-essential cmake ninja-build pkg-config ccache lld python3
-  qtbase5-dev
+  qtbase5-dev libqt5svg5-dev fonts-dejavu-core fonts-wqy-microhei
   liblog4cxx-dev libbson-dev libzstd-dev libcli11-dev libabsl-dev nlohmann-json3-dev
   libboost-dev libboost-thread-dev libboost-system-dev libboost-chrono-dev
 )
@@ -13,6 +13,7 @@ if [[ "${1:-}" == "--with-tests" ]]; then
   packages+=(
     libgtest-dev libgmock-dev libbenchmark-dev
     clang-14 clang-format-14 libclang-rt-14-dev llvm-14
+    xvfb xauth openbox
   )
 fi
 

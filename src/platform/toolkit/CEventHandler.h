@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QString>
+
+namespace Zeb {
+
+/// What a widget takes events with. GUI thread.
+class CEventHandler
+{
+public:
+    virtual ~CEventHandler() = default;
+
+    /// True if the event was taken, which ends its delivery. `docs/events.md` lists the ids and what their
+    /// numbers, text and data mean. `data` is valid during the call only.
+    virtual bool handleEvent(int id, int first, int second, QString text, void* data) = 0;
+};
+
+} // namespace Zeb
