@@ -132,6 +132,7 @@ void CDepthModelOrderQueue::clear(bool bClearUICache)
         m_cancelOrders.swap(released->cancelled);
         m_orderCache.swap(released->orders);
         m_orderIndex.swap(released->index);
+        m_levelShortcut.clear();
         m_sweepNumbers.swap(released->sweepNumbers);
 
         const std::lock_guard<utils::RowMutex> rowLock(m_rowMutex);

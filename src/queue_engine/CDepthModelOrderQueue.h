@@ -3,6 +3,7 @@
 #include "platform/utils/AtomicSharedPtr.h"
 #include "platform/utils/RowMutex.h"
 #include "queue_engine/EngineGate.h"
+#include "queue_engine/LevelShortcut.h"
 #include "queue_engine/OrderIndex.h"
 #include "queue_engine/OrderMaps.h"
 #include "records/CInstrumentDetail.h"
@@ -285,7 +286,8 @@ private:
     void checkInvariants() const;
 
     std::atomic<bool> m_fullPass{false};
-    OrderIndex m_orderIndex; ///< levels by listed number; guarded by `m_dataMutex`
+    OrderIndex m_orderIndex;       ///< levels by listed number; guarded by `m_dataMutex`
+    LevelShortcut m_levelShortcut; ///< guarded by `m_dataMutex`
     /// By deal kind: numbers dealt or cancelled since the last sweep; same guard.
     std::array<std::vector<std::int64_t>, DEAL_KIND_CANCEL + 1> m_sweepNumbers;
     std::atomic<bool> m_sweepAll{true};   ///< the next sweep reads the whole cache, as the first one does

@@ -45,6 +45,8 @@ void CDepthModelOrderQueue::checkInvariants() const
             require(level->m_level >= 0 && level->m_level <= kLevels, "m_level is 0 to 10");
             require(it.key() != 0 || level->m_orders.isEmpty(), "key 0 holds no orders");
             require(level->m_startIndex >= 0, "m_startIndex is not negative");
+            const OrderQueueData* remembered = m_levelShortcut.find(side.key(), it.key());
+            require(!remembered || remembered == level.get(), "the remembered level is the one of its price");
             const auto entries = m_dealCache.find(level->m_type);
             for (int i = 0; i < level->m_orders.size() && i < kOrdersChecked; ++i) {
                 const COrderVol& order = level->m_orders.at(i);

@@ -133,6 +133,7 @@ void CDepthModelOrderQueue::keepFeedTime(std::int64_t time)
 void CDepthModelOrderQueue::clearQueuesInPlace()
 {
     m_orderIndex.clear();
+    m_levelShortcut.clear();
     m_orderQueues.clear();
     const std::lock_guard<utils::RowMutex> rowLock(m_rowMutex);
     m_queueRows.clear();

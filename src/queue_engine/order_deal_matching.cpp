@@ -180,11 +180,14 @@ void CDepthModelOrderQueue::logPriceless(const quoter::OrderData& order) const
 
 OrderQueueData& CDepthModelOrderQueue::levelFor(const quoter::OrderData& order, int key)
 {
+    if (OrderQueueData* level = m_levelShortcut.find(order.side, key))
+        return *level;
     OrderQueueDataPtr& level = m_orderQueues[order.side][key];
     if (!level) {
         level = boost::make_shared<OrderQueueData>(order.price, order.m_time / 1000,
                                                    static_cast<EOrderQueueType>(order.side));
     }
+    m_levelShortcut.keep(order.side, key, level.get());
     return *level;
 }
 
@@ -333,10 +336,19 @@ void CDepthModelOrderQueue::sweepTouchedNumbers()
             numbers.end());
         std::sort(numbers.begin(), numbers.end());
         numbers.erase(std::unique(numbers.begin(), numbers.end()), numbers.end());
+        // The orders were written long ago and lie anywhere: all of them are on their way from memory before
+        // the first is read.
+        std::vector<const quoter::OrderData*> orders;
         for (const std::int64_t number : numbers) {
             const auto cached = side.second.find(number);
-            if (cached != side.second.end() && hasEnded(side.first, *cached->second))
-                side.second.erase(cached);
+            if (cached == side.second.end())
+                continue;
+            orders.push_back(cached->second.get());
+            __builtin_prefetch(orders.back());
+        }
+        for (const quoter::OrderData* order : orders) {
+            if (hasEnded(side.first, *order))
+                side.second.erase(order->entrustNo);
         }
     }
 }
