@@ -4,7 +4,7 @@ namespace Kel {
 
 /// The view modes of the order queue: levels, styles, frame actions and queue-full in one number space,
 /// shared by the mode buttons of the frame, the panel and the host.
-enum EQueueMode
+enum EQueueMode : int
 {
     eQueueFiveLevels = 0,
     eQueueTenLevels = 1,
