@@ -8,7 +8,6 @@
 #include <QStringList>
 
 #include <memory>
-#include <vector>
 
 namespace Zeb {
 
@@ -27,7 +26,7 @@ enum class EPriceColors
 /// `utils::CSingletonT<Zeb::CUiResource>::instance()`. GUI thread.
 ///
 /// An unknown key gives a loud fallback (magenta, the default font, size 0, a magenta picture) and one log
-/// line for the key.
+/// line for the key. `themes/README.md` lists what a theme file says.
 class CUiResource
 {
 public:
@@ -59,13 +58,18 @@ public:
     /// Pixels at 100 % scale.
     int getSize(const QString& key) const;
 
-    /// The picture at its own size, for the device pixel ratio of the application's screens.
+    /// The picture at its own size, for the device pixel ratio of the application's screens (the largest,
+    /// if they differ).
     QPixmap getPixmap(const QString& key) const;
+
+    /// The same for a device of `ratio` device pixels to a pixel, as `QPaintDevice::devicePixelRatioF` tells.
+    QPixmap getPixmap(const QString& key, qreal ratio) const;
 
     /// The colour as style sheets write it, "rgba(r, g, b, a)".
     QString getColorSheetByKey(const QString& key) const;
 
-    /// The picture as style sheets write it, "url(...)".
+    /// The picture as the declaration of a style sheet, "image: url(...)", to stand between the braces of a
+    /// rule. The path in it belongs to the colours in force: ask again in `themeChanged`.
     QString getImageSheet(const QString& key) const;
 
     /// All keys of the theme in force, sorted.
