@@ -517,6 +517,26 @@ BENCHMARK(BM_Memory)
     ->Iterations(1)
     ->Unit(benchmark::kMillisecond);
 
+/// Heap bytes of a number in the deal cache, by how far apart the numbers of one instrument are in its
+/// channel.
+void BM_DealCacheMemory(benchmark::State& state)
+{
+    constexpr int kNumbers = 100000;
+    for (auto _ : state) {
+        Kel::OrderNumberMap<double> dealt;
+        for (int i = 1; i <= kNumbers; ++i)
+            dealt[i * state.range(0)] = 1;
+        state.counters["bytes_per_number"] = static_cast<double>(dealt.heapBytes()) / kNumbers;
+    }
+}
+BENCHMARK(BM_DealCacheMemory)
+    ->ArgName("spacing")
+    ->Arg(3)
+    ->Arg(50)
+    ->Arg(2000)
+    ->Iterations(1)
+    ->Unit(benchmark::kMillisecond);
+
 } // namespace
 
 int main(int argc, char** argv)

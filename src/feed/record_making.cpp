@@ -21,13 +21,19 @@ std::int64_t wholeUnit(double volumeUnit)
     return static_cast<std::int64_t>(std::floor(std::clamp(volumeUnit, 1.0, kGreatestUnit) + 0.5));
 }
 
-std::int32_t roundedLots(std::int64_t shares, std::int64_t unit)
+/// Rounded to the nearest lot; what is there never shows as none. Nothing, and what no feed sends, below 0,
+/// is divided as it stands.
+std::int64_t wholeLots(std::int64_t shares, std::int64_t unit)
 {
     if (shares <= 0)
-        return 0;
-    const std::int64_t lots = shares / unit + (shares % unit * 2 >= unit ? 1 : 0);
-    return static_cast<std::int32_t>(
-        std::clamp<std::int64_t>(lots, 1, std::numeric_limits<std::int32_t>::max()));
+        return shares / unit;
+    return std::max<std::int64_t>(shares / unit + (shares % unit * 2 >= unit ? 1 : 0), 1);
+}
+
+std::int32_t roundedLots(std::int64_t shares, std::int64_t unit)
+{
+    return static_cast<std::int32_t>(std::clamp<std::int64_t>(
+        wholeLots(std::max<std::int64_t>(shares, 0), unit), 0, std::numeric_limits<std::int32_t>::max()));
 }
 
 std::vector<std::int32_t> roundedLots(const std::vector<std::int64_t>& volumes, std::int64_t unit)
@@ -115,10 +121,10 @@ boost::shared_ptr<quoter::QuoterDepthData> makeRecord(const SnapshotRow& row, do
     record->dealCount = row.dealCount;
     for (std::size_t at = 0; at < quoter::kDepthLevels; ++at) {
         record->askPrice[at] = row.askPrice[at];
-        record->askVolume[at] = row.askVolume[at] / unit;
+        record->askVolume[at] = wholeLots(row.askVolume[at], unit);
         record->askOrderCount[at] = row.askCount[at];
         record->bidPrice[at] = row.bidPrice[at];
-        record->bidVolume[at] = row.bidVolume[at] / unit;
+        record->bidVolume[at] = wholeLots(row.bidVolume[at], unit);
         record->bidOrderCount[at] = row.bidCount[at];
     }
     return record;

@@ -24,9 +24,9 @@ std::optional<std::int32_t> dealRecordNumber(std::int64_t number);
 boost::shared_ptr<quoter::OrderData> makeRecord(const OrderRow& row);
 boost::shared_ptr<quoter::TransactionData> makeRecord(const DealRow& row);
 
-/// Volumes in lots of `volumeUnit` shares, cut to whole lots as quote services publish them. A unit that is
-/// not above 0 or not finite counts as 100. The day's totals stay in shares and yuan; the phase is not in the
-/// record.
+/// Volumes in lots of `volumeUnit` shares, rounded to the nearest and at least 1 where any share stands, so
+/// that no level with orders shows as empty. A unit that is not above 0 or not finite counts as 100. The
+/// day's totals stay in shares and yuan; the phase is not in the record.
 boost::shared_ptr<quoter::QuoterDepthData> makeRecord(const SnapshotRow& row, double volumeUnit);
 
 /// Volumes in lots, rounded to the nearest and at least 1 for an order that has any share, so that no order

@@ -24,13 +24,13 @@ bool standsInQueue(const Kel::COrderVol& order)
     return order.m_type != Kel::OQT_CANCELED && order.m_type != Kel::OQT_DEALT;
 }
 
+} // namespace
+
 std::int64_t wholeShares(double lots, double unit)
 {
     const double shares = lots * unit;
     return std::isnan(shares) ? 0 : std::llround(std::clamp(shares, -kMostShares, kMostShares));
 }
-
-} // namespace
 
 SteppedEngine::SteppedEngine()
 {

@@ -18,6 +18,9 @@ struct ListedLevel
     int orders = 0;          ///< their number
 };
 
+/// Shares of a number of lots, rounded to whole ones; within 64 bits whatever the lots are, 0 for no number.
+std::int64_t wholeShares(double lots, double unit);
+
 /// An order-queue engine without timers and threads: every call of the feed is done when it returns, and time
 /// passes only when it is told to. The same calls give the same queue, every time. For programs and tests;
 /// one thread.

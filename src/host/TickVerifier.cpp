@@ -3,10 +3,8 @@
 #include "host/TickVerifier.h"
 
 #include "records/PriceKey.h"
-#include "records/Tolerance.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace host {
 namespace {
@@ -45,6 +43,7 @@ Verification TickVerifier::run()
     const DayTimeline timeline(m_day, m_places);
     DayPlayer::Options playing;
     playing.tickBeforeCancel = m_options.refreshMs == 0;
+    m_result.tickBeforeCancel = playing.tickBeforeCancel;
     if (m_options.refreshMs > 0)
         playing.refreshMs = m_options.refreshMs;
     DayPlayer player(timeline, m_engine, playing);
@@ -186,7 +185,7 @@ void TickVerifier::explain(Kel::EOrderQueueType side, int key, Mismatch& mismatc
         for (const Kel::COrderVol& order : level->m_orders) {
             if (order.m_type == Kel::OQT_CANCELED || order.m_type == Kel::OQT_DEALT)
                 continue;
-            listed[order.m_entrustNo] += Kel::truncateToInt(std::round(order.m_vol * m_engine.volumeUnit()));
+            listed[order.m_entrustNo] += wholeShares(order.m_vol, m_engine.volumeUnit());
         }
     }
     const auto name = [&](std::int64_t number, std::int64_t engine, std::int64_t book) {

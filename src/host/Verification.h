@@ -61,7 +61,9 @@ struct Unplaced
 
 struct Verification
 {
-    bool levelStyle = false;     ///< no orders were delivered: rows and published queues are compared
+    bool tickBeforeCancel =
+        false;               ///< a refresh tick ran before the cancel of each order dealt since the last one
+    bool levelStyle = false; ///< no orders were delivered: rows and published queues are compared
     std::int64_t snapshots = 0;  ///< of continuous trading, all of them compared
     std::int64_t bySequence = 0; ///< of them placed by their sequence number
     std::int64_t byView = 0;     ///< of them placed by the ten levels that they show

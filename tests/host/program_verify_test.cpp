@@ -40,7 +40,7 @@ TEST(ProgramVerify, TellsMatchedOfComparedPerLevel)
     const ProgramRun run = runProgram({"verify", "--day", archive.folder.path()});
     EXPECT_EQ(run.exitCode, 0) << run.err.toStdString();
     const QStringList lines = run.lines();
-    ASSERT_EQ(lines.size(), 14);
+    ASSERT_EQ(lines.size(), 15);
     EXPECT_EQ(lines[0].toStdString(),
               "SH600999 沪市模拟, day 20230201: 29 orders, 0 deals and cancels, 5 snapshots, 0 queues");
     EXPECT_EQ(lines[1].toStdString(),
@@ -50,6 +50,9 @@ TEST(ProgramVerify, TellsMatchedOfComparedPerLevel)
     EXPECT_EQ(lines[12].toStdString(), "5 of 5 continuous snapshots match; 100 of 100 levels");
     EXPECT_EQ(lines[13].toStdString(),
               "place in the feed: 5 by sequence number, 0 by the ten levels shown, 0 not aligned");
+    EXPECT_EQ(lines[14].toStdString(),
+              "refresh ticks: three before each snapshot, and one before the cancel of an "
+              "order dealt since the last tick");
 }
 
 TEST(ProgramVerify, ATamperedSnapshotIsCode1WithTimeAndLevel)

@@ -35,8 +35,9 @@ TEST(OrderNumberMap, WalksInAscendingOrderOverAllPlacesWhereNumbersAreKept)
 {
     OrderNumberMap<int> map;
     const std::vector<std::int64_t> ascending = {
-        kLowest, -1,    0,       1,          63,         64,          255,          256,
-        65535,   65536, 1000000, 2147483647, 2147483648, 99999999999, kHighest - 1, kHighest};
+        kLowest,   -1,         0,          1,           63,           64,      255,
+        256,       2047,       2048,       65535,       65536,        1000000, 268435455,
+        268435456, 2147483647, 2147483648, 99999999999, kHighest - 1, kHighest};
     for (auto it = ascending.rbegin(); it != ascending.rend(); ++it)
         map[*it] = 1;
     std::vector<std::int64_t> walked;
@@ -83,6 +84,27 @@ TEST(OrderNumberMap, FreesItsPagesWhenTheyRunEmpty)
     for (std::int64_t number = 0; number < 1000000; number += 10)
         EXPECT_EQ(map.erase(number), 1u);
     EXPECT_LT(map.heapBytes(), full / 100);
+}
+
+TEST(OrderNumberMap, WalksOverWideGapsAndOverChunksThatRanEmpty)
+{
+    OrderNumberMap<int> map;
+    for (const std::int64_t number : {5, 3000, 131071, 131072, 268435455})
+        map[number] = 1;
+    map.erase(3000);
+    map.erase(131072);
+    EXPECT_EQ(entries(map), (std::vector<std::pair<std::int64_t, int>>{{5, 1}, {131071, 1}, {268435455, 1}}));
+    map[3000] = 2;
+    OrderNumberMap<int> other;
+    other[70000] = 3;
+    map.swap(other);
+    EXPECT_EQ(entries(map), (std::vector<std::pair<std::int64_t, int>>{{70000, 3}}));
+    EXPECT_EQ(entries(other),
+              (std::vector<std::pair<std::int64_t, int>>{{5, 1}, {3000, 2}, {131071, 1}, {268435455, 1}}));
+    other.clear();
+    EXPECT_EQ(entries(other), (std::vector<std::pair<std::int64_t, int>>{}));
+    other[1] = 1;
+    EXPECT_EQ(entries(other), (std::vector<std::pair<std::int64_t, int>>{{1, 1}}));
 }
 
 TEST(OrderNumberMap, OwnsItsValues)

@@ -98,6 +98,10 @@ void print(const Verification& result, const feed::InstrumentDay& day, std::ostr
         out << "place in the feed: " << result.bySequence << " by sequence number, " << result.byView
             << " by the ten levels shown, " << result.unplaced << " not aligned\n";
     }
+    if (result.tickBeforeCancel)
+        out << "refresh ticks: three before each snapshot, and one before the cancel of an order dealt since "
+               "the "
+               "last tick\n";
     if (result.pricelessOrders > 0) {
         out << result.pricelessOrders << " orders without a price never enter the queue; taken off "
             << result.lessPriceless << " published levels\n";
@@ -141,6 +145,7 @@ nlohmann::json toJson(const Verification& result, const feed::InstrumentDay& day
     nlohmann::json json;
     json["instrument"] = day.detail.market + day.detail.code;
     json["day"] = day.tradingDay;
+    json["tickBeforeCancel"] = result.tickBeforeCancel;
     json["style"] = result.levelStyle ? "level" : "tick";
     json["allMatch"] = result.allMatch();
     json["snapshots"] = result.snapshots;

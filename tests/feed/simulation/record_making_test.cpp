@@ -80,7 +80,7 @@ TEST(RecordMaking, ANumberThatDoesNotFitADealRecordIsNoNumber)
     EXPECT_FALSE(dealRecordNumber(std::numeric_limits<std::int64_t>::max()));
 }
 
-TEST(RecordMaking, ASnapshotShowsWholeLotsCutTowardZero)
+TEST(RecordMaking, ASnapshotShowsTheNearestWholeLotsAndNeverNoneWhereSharesStand)
 {
     SnapshotRow row;
     row.time = 5;
@@ -94,10 +94,10 @@ TEST(RecordMaking, ASnapshotShowsWholeLotsCutTowardZero)
     row.dealCount = 17;
     for (std::size_t at = 0; at < quoter::kDepthLevels; ++at) {
         row.bidPrice[at] = 10 - 0.01 * double(at);
-        row.bidVolume[at] = 199 + 100 * static_cast<std::int64_t>(at);
+        row.bidVolume[at] = 150 + 100 * static_cast<std::int64_t>(at);
         row.bidCount[at] = static_cast<std::int32_t>(at);
         row.askPrice[at] = 11 + 0.01 * double(at);
-        row.askVolume[at] = 99;
+        row.askVolume[at] = at == 0 ? 0 : at == 1 ? 1 : 149;
         row.askCount[at] = static_cast<std::int32_t>(at + 20);
     }
     row.askVolume[9] = -150;
@@ -113,13 +113,13 @@ TEST(RecordMaking, ASnapshotShowsWholeLotsCutTowardZero)
     EXPECT_EQ(record->dealCount, 17);
     for (std::size_t at = 0; at < quoter::kDepthLevels; ++at) {
         EXPECT_EQ(record->bidPrice[at], row.bidPrice[at]);
-        EXPECT_EQ(record->bidVolume[at], static_cast<std::int64_t>(at) + 1);
+        EXPECT_EQ(record->bidVolume[at], static_cast<std::int64_t>(at) + 2);
         EXPECT_EQ(record->bidOrderCount[at], row.bidCount[at]);
         EXPECT_EQ(record->askPrice[at], row.askPrice[at]);
-        EXPECT_EQ(record->askVolume[at], at == 9 ? -1 : 0);
+        EXPECT_EQ(record->askVolume[at], at == 9 ? -1 : at == 0 ? 0 : 1);
         EXPECT_EQ(record->askOrderCount[at], row.askCount[at]);
     }
-    EXPECT_EQ(makeRecord(row, 10)->bidVolume[0], 19);
+    EXPECT_EQ(makeRecord(row, 10)->bidVolume[0], 15);
 }
 
 TEST(RecordMaking, APublishedQueueRoundsAndLosesNoOrder)

@@ -1,0 +1,75 @@
+#include "host/window/InstrumentList.h"
+
+#include <QHeaderView>
+
+namespace host {
+
+namespace {
+
+constexpr int kRestMs = 150;   // the cursor rests when it has not moved for so long
+constexpr int kRowHeight = 26; // pixels
+constexpr int kCodeWidth = 66;
+constexpr int kPriceWidth = 66;
+constexpr int kChangeWidth = 66;
+
+} // namespace
+
+InstrumentList::InstrumentList(QWidget* parent) : QTableView(parent), m_model(new InstrumentModel(this))
+{
+    setObjectName(QStringLiteral("InstrumentList"));
+    setAccessibleName(QStringLiteral("证券列表"));
+    setModel(m_model);
+    setSelectionBehavior(QAbstractItemView::SelectRows);
+    setSelectionMode(QAbstractItemView::SingleSelection);
+    setShowGrid(false);
+    setWordWrap(false);
+    setTabKeyNavigation(false);
+    setFrameShape(QFrame::NoFrame);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    verticalHeader()->hide();
+    verticalHeader()->setDefaultSectionSize(kRowHeight);
+    horizontalHeader()->setHighlightSections(false);
+    horizontalHeader()->setSectionsClickable(false);
+    horizontalHeader()->setMinimumSectionSize(kCodeWidth / 2);
+    horizontalHeader()->setSectionResizeMode(InstrumentModel::eCode, QHeaderView::Fixed);
+    horizontalHeader()->setSectionResizeMode(InstrumentModel::eName, QHeaderView::Stretch);
+    horizontalHeader()->setSectionResizeMode(InstrumentModel::eLastPrice, QHeaderView::Fixed);
+    horizontalHeader()->setSectionResizeMode(InstrumentModel::eChange, QHeaderView::Fixed);
+    setColumnWidth(InstrumentModel::eCode, kCodeWidth);
+    setColumnWidth(InstrumentModel::eLastPrice, kPriceWidth);
+    setColumnWidth(InstrumentModel::eChange, kChangeWidth);
+
+    m_rest.setSingleShot(true);
+    m_rest.setInterval(kRestMs);
+    connect(&m_rest, &QTimer::timeout, this, &InstrumentList::choose);
+    connect(selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+            [this](const QModelIndex& now) { onCursor(now.row()); });
+    connect(this, &QAbstractItemView::activated, this, &InstrumentList::choose);
+}
+
+void InstrumentList::setShown(int row)
+{
+    m_shown = row;
+    m_rest.stop();
+    m_quiet = true;
+    selectRow(row);
+    m_quiet = false;
+}
+
+void InstrumentList::onCursor(int row)
+{
+    if (!m_quiet && row >= 0)
+        m_rest.start();
+}
+
+void InstrumentList::choose()
+{
+    m_rest.stop();
+    const int row = currentIndex().row();
+    if (row < 0 || row == m_shown)
+        return;
+    m_shown = row;
+    Q_EMIT chosen(row);
+}
+
+} // namespace host

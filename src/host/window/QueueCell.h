@@ -1,0 +1,53 @@
+#pragma once
+
+#include "host/window/FeedHub.h"
+#include "host/window/PanelCell.h"
+#include "host/window/TerminalOptions.h"
+
+#include <boost/function.hpp>
+
+namespace Kel {
+class CDepthOrderQueueWidget;
+}
+
+namespace host {
+
+/// The order-queue panel in its header, wired as a host has to: the panel is the header's child, so that its
+/// title finds the strip; it is the header's body before the first resize; the header's events go to the
+/// panel's `handleEvent`. GUI thread.
+class QueueCell : public PanelCell
+{
+    Q_OBJECT
+
+public:
+    explicit QueueCell(QWidget* parent = nullptr);
+
+    Kel::CDepthOrderQueueWidget& panel() { return *m_panel; }
+    const Kel::CDepthOrderQueueWidget& panel() const { return *m_panel; }
+
+    /// The trading date (20230201) that prices are coloured by. Set it before the first instrument.
+    void setTradeDate(boost::function<int()> tradeDate);
+
+    /// Empties the panel and shows another instrument, by its key.
+    void setInstrument(const QString& key);
+
+    void setModes(const QueueModes& modes);
+
+    /// The modes in force, by whatever way they were chosen.
+    QueueModes modes() const;
+
+    /// What the panel takes of a feed; valid as long as the cell.
+    FeedHub::Receiver receiver();
+
+Q_SIGNALS:
+    /// The header's buttons have changed the mode.
+    void modesChanged();
+
+private:
+    bool handleEvent(int id, int first, int second, QString text, void* pointer) override;
+
+    Kel::CDepthOrderQueueWidget* m_panel;
+    bool m_full = false;
+};
+
+} // namespace host

@@ -1,0 +1,200 @@
+#include "host/window/ReplayBar.h"
+
+#include "host/window/DaySlider.h"
+#include "host/window/bar_icons.h"
+#include "platform/utils/exchange_time.h"
+
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QProgressBar>
+#include <QStackedWidget>
+#include <QToolButton>
+
+#include <algorithm>
+#include <cmath>
+
+namespace host {
+
+namespace {
+
+constexpr int kMargin = 10;      // pixels
+constexpr int kSpacing = 10;     // pixels
+constexpr int kJumpWidth = 96;   // pixels
+constexpr int kPlaySize = 30;    // pixels
+constexpr int kIconSize = 16;    // pixels
+constexpr int kPerMille = 1000;  // of the progress bar
+constexpr int kTimePadding = 12; // pixels
+
+} // namespace
+
+ReplayBar::ReplayBar(QWidget* parent)
+    : QFrame(parent),
+      m_play(new QToolButton(this)),
+      m_speed(new QComboBox(this)),
+      m_time(new QLabel(this)),
+      m_slider(new DaySlider(this)),
+      m_jump(new QLineEdit(this)),
+      m_stack(new QStackedWidget(this)),
+      m_progress(new QProgressBar(this)),
+      m_cancel(new QToolButton(this))
+{
+    setObjectName(QStringLiteral("ReplayBar"));
+    setAttribute(Qt::WA_StyledBackground);
+    makeControls();
+    makeLayout();
+    setPlaying(false);
+    showTime(0);
+
+    connect(m_play, &QToolButton::clicked, this, &ReplayBar::playClicked);
+    connect(m_speed, QOverload<int>::of(&QComboBox::activated), this,
+            [this] { Q_EMIT speedChosen(speed()); });
+    connect(m_slider, &DaySlider::looked, this, &ReplayBar::showTime);
+    connect(m_slider, &DaySlider::sought, this, &ReplayBar::seekAsked);
+    connect(m_jump, &QLineEdit::returnPressed, this, &ReplayBar::jump);
+    connect(m_cancel, &QToolButton::clicked, this, &ReplayBar::cancelAsked);
+}
+
+const std::vector<double>& ReplayBar::speeds()
+{
+    static const std::vector<double> list = {0.1, 0.2, 0.5, 1, 2, 5, 10, 20, 60, 100, 0};
+    return list;
+}
+
+void ReplayBar::makeControls()
+{
+    m_play->setFixedSize(kPlaySize, kPlaySize);
+    m_play->setIconSize(QSize(kIconSize, kIconSize));
+    m_speed->setAccessibleName(QStringLiteral("回放速度"));
+    m_speed->setToolTip(QStringLiteral("回放速度（Ctrl+↑ / Ctrl+↓）"));
+    m_speed->setMaxVisibleItems(static_cast<int>(speeds().size()));
+    for (const double speed : speeds())
+        m_speed->addItem(speed > 0 ? QString::number(speed) + QStringLiteral("×") : QStringLiteral("最快"),
+                         speed);
+    setSpeed(1);
+
+    m_time->setObjectName(QStringLiteral("ReplayTime"));
+    m_time->setAlignment(Qt::AlignCenter);
+
+    m_jump->setObjectName(QStringLiteral("ReplayJump"));
+    m_jump->setPlaceholderText(QStringLiteral("跳到 09:30:00"));
+    m_jump->setAccessibleName(QStringLiteral("跳到时间"));
+    m_jump->setToolTip(QStringLiteral("输入时间后回车（Ctrl+G）"));
+    m_jump->setFixedWidth(kJumpWidth);
+
+    m_progress->setRange(0, kPerMille);
+    m_progress->setTextVisible(true);
+    m_progress->setFormat(QStringLiteral("载入中 %p%"));
+    m_progress->setAccessibleName(QStringLiteral("载入进度"));
+    m_cancel->setText(QStringLiteral("取消"));
+    m_cancel->setObjectName(QStringLiteral("CancelLoading"));
+}
+
+void ReplayBar::makeLayout()
+{
+    auto* loading = new QWidget(this);
+    auto* loadingRow = new QHBoxLayout(loading);
+    loadingRow->setContentsMargins(0, 0, 0, 0);
+    loadingRow->addWidget(m_progress, 1);
+    loadingRow->addWidget(m_cancel);
+    m_stack->addWidget(m_slider);
+    m_stack->addWidget(loading);
+
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins(kMargin, 4, kMargin, 4);
+    row->setSpacing(kSpacing);
+    row->addWidget(m_play);
+    row->addWidget(m_speed);
+    row->addWidget(m_time);
+    row->addWidget(m_stack, 1);
+    row->addWidget(m_jump);
+}
+
+void ReplayBar::setDay(const DayRange& range)
+{
+    m_range = range;
+    m_slider->setDay(range);
+}
+
+void ReplayBar::setMoment(std::int64_t moment)
+{
+    if (m_slider->inHand())
+        return;
+    m_slider->follow(moment);
+    showTime(moment);
+}
+
+void ReplayBar::showTime(std::int64_t moment)
+{
+    const bool day = m_range.end > m_range.begin;
+    m_time->setText(day ? utils::clockText(moment, false) : QStringLiteral("--:--:--"));
+    // Digits are equally wide, so the label needs its width once; the theme may bring another font.
+    m_time->setMinimumWidth(m_time->fontMetrics().horizontalAdvance(QStringLiteral("00:00:00")) +
+                            kTimePadding);
+}
+
+void ReplayBar::setPlaying(bool playing)
+{
+    m_playing = playing;
+    m_play->setIcon(playing ? pauseIcon() : playIcon());
+    const QString what = playing ? QStringLiteral("暂停") : QStringLiteral("播放");
+    m_play->setAccessibleName(what);
+    m_play->setToolTip(what + QStringLiteral("（空格）"));
+}
+
+void ReplayBar::setSpeed(double speed)
+{
+    const auto& list = speeds();
+    if (!(speed > 0)) {
+        m_speed->setCurrentIndex(static_cast<int>(list.size()) - 1);
+        return;
+    }
+    const auto nearest = std::min_element(list.begin(), std::prev(list.end()), [speed](double a, double b) {
+        return std::abs(std::log(a / speed)) < std::abs(std::log(b / speed));
+    });
+    m_speed->setCurrentIndex(static_cast<int>(nearest - list.begin()));
+}
+
+double ReplayBar::speed() const
+{
+    return m_speed->currentData().toDouble();
+}
+
+void ReplayBar::setLoading(qint64 done, qint64 total)
+{
+    m_progress->setRange(0, total > 0 ? kPerMille : 0);
+    m_progress->setValue(total > 0 ? static_cast<int>(double(done) / double(total) * kPerMille) : 0);
+    m_stack->setCurrentIndex(1);
+}
+
+void ReplayBar::setLoaded()
+{
+    m_stack->setCurrentIndex(0);
+}
+
+void ReplayBar::focusJump()
+{
+    m_jump->setFocus(Qt::ShortcutFocusReason);
+    m_jump->selectAll();
+}
+
+void ReplayBar::jump()
+{
+    std::int64_t timeOfDay = 0;
+    const QString text = m_jump->text().trimmed();
+    if (!utils::parseTimeOfDay(text, timeOfDay)) {
+        Q_EMIT timeRefused(text);
+        return;
+    }
+    m_jump->clear();
+    if (m_range.end > m_range.begin)
+        Q_EMIT seekAsked(momentIn(m_range, timeOfDay));
+}
+
+void ReplayBar::themeChanged()
+{
+    setPlaying(m_playing);
+}
+
+} // namespace host

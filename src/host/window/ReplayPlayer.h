@@ -1,0 +1,94 @@
+#pragma once
+
+#include "feed/FeedSink.h"
+#include "host/window/DayStore.h"
+
+#include <QObject>
+
+#include <atomic>
+#include <condition_variable>
+#include <cstdint>
+#include <mutex>
+#include <thread>
+
+namespace host {
+
+/// Plays a day into a sink on a thread of its own, which stands for the threads of a quote service.
+///
+/// A new day or another moment takes two steps, since the panels must be emptied while nothing is delivered:
+/// `open` or `seek` stops the feed, `halted` tells that all of it has arrived, and `begin`, called when the
+/// panels are empty, delivers everything up to the moment as history and goes on from there. A later call
+/// makes an earlier one void.
+///
+/// Playing never runs ahead of the queue engine: after each step it waits until the engine's strand has
+/// worked it off, so a slow machine plays slower instead of piling up batches.
+///
+/// All functions and signals belong to the GUI thread; the sink is called on the player's thread and must
+/// outlive the player.
+class ReplayPlayer : public QObject
+{
+    Q_OBJECT
+
+public:
+    /// Speed that stands for "as fast as possible".
+    static constexpr double kFast = 0;
+
+    explicit ReplayPlayer(feed::FeedSink& sink, QObject* parent = nullptr);
+    ~ReplayPlayer() override;
+
+    /// Takes a day and stands at a moment of it (ms since 1970-01-01 UTC).
+    void open(DayPtr day, std::int64_t at);
+
+    /// Goes to another moment of the day. Without a day it does nothing.
+    void seek(std::int64_t at);
+
+    /// Answers `halted`. A number that is not that of the last `open` or `seek` is ignored.
+    void begin(int number);
+
+    void play();
+    void pause();
+    bool playing() const;
+
+    /// Times real time, within those of the replay clock; `kFast` for as fast as possible.
+    void setSpeed(double factor);
+    double speed() const;
+
+    /// The moment up to which the day was delivered; that of the last `open` or `seek` until it begins.
+    std::int64_t now() const { return m_now.load(); }
+
+Q_SIGNALS:
+    /// Nothing is delivered any more, and everything before has arrived: empty the panels, then `begin`.
+    void halted(int number);
+
+    /// The history up to the moment has been delivered and handled.
+    void began();
+
+    /// The day is over; the player has paused.
+    void ended();
+
+private:
+    struct Orders ///< what the GUI thread wants
+    {
+        DayPtr day;
+        std::int64_t at = 0;
+        int number = 0; ///< of the last `open` or `seek`
+        int begun = 0;  ///< the number that may begin
+        bool playing = false;
+        double speed = 1;
+        bool quit = false;
+    };
+    class Worker;
+
+    void halt(std::int64_t at);
+    template <class Change>
+    void change(Change change);
+
+    feed::FeedSink& m_sink;
+    mutable std::mutex m_mutex; ///< guards the orders
+    std::condition_variable m_changed;
+    Orders m_orders;
+    std::atomic<std::int64_t> m_now{0};
+    std::thread m_thread;
+};
+
+} // namespace host

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "host/DaySource.h"
+#include "platform/resources/CUiResource.h"
+#include "records/EQueueMode.h"
+
+#include <QSize>
+#include <QString>
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace host {
+
+/// How the queue panel shows its levels.
+struct QueueModes
+{
+    Kel::EQueueMode levels = Kel::eQueueTenLevels;
+    Kel::EQueueMode style = Kel::eQueueDetailFirst;
+    bool full = false; ///< all levels list their orders
+};
+
+/// Takes a word of `--mode` over: five, ten, first, horizontal, vertical, list, full, cut. False for another.
+bool takeModeWord(const std::string& word, QueueModes& modes);
+
+/// The words that `takeModeWord` knows.
+const std::vector<std::string>& modeWords();
+
+/// What the terminal was asked for.
+struct TerminalOptions
+{
+    DaySource source;
+    std::int64_t at = -1; ///< ms since midnight at the exchange; below 0 for the usual moment
+    double speed = 1;     ///< times real time; 0 as fast as possible
+    bool playing = true;  ///< once the first day is there
+    QString theme = QStringLiteral("dark");
+    Zeb::EPriceColors colors = Zeb::EPriceColors::eRedUp;
+    QueueModes modes;
+    QSize size; ///< of the window, pixels at 100 %; empty for the usual one
+
+    QString shot;             ///< file of a picture; empty for a window
+    double scale = 1;         ///< of the picture
+    double measureStalls = 0; ///< seconds over which the event loop is watched; 0 for a usual run
+    bool tour = false;        ///< goes through the window's commands by itself and closes it
+};
+
+} // namespace host

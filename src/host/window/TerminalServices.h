@@ -1,0 +1,44 @@
+#pragma once
+
+#include "feed/replay/ReplayQuoteProvider.h"
+#include "host/window/DayStore.h"
+#include "platform/services/CConfig.h"
+#include "platform/services/CUserConfig.h"
+
+#include <boost/shared_ptr.hpp>
+
+#include <QString>
+
+namespace host {
+
+/// What a client puts in place before its panels: configuration, instruments, trading day and the feed that
+/// answers subscriptions. Taken out again at the end. One at a time, and panels live within its life. GUI
+/// thread.
+class TerminalServices
+{
+public:
+    TerminalServices();
+    ~TerminalServices();
+    TerminalServices(const TerminalServices&) = delete;
+    TerminalServices& operator=(const TerminalServices&) = delete;
+
+    /// Makes the instrument of a day known, with its previous close, and its trading day the current one.
+    void setDay(const DayPtr& day);
+
+    /// yyyymmdd; 0 before the first day.
+    int tradingDay() const { return m_tradingDay; }
+
+    /// The close of the instrument's last session, ms since 1970-01-01 UTC; -1 if there is none.
+    static std::int64_t closeOf(const feed::InstrumentDay& day);
+
+    /// Market and code joined.
+    static QString keyOf(const nelservice::CInstrumentDetail& detail);
+
+private:
+    Kel::CUserConfig m_userConfig;
+    Kel::CConfig m_config;
+    boost::shared_ptr<feed::ReplayQuoteProvider> m_provider;
+    int m_tradingDay = 0;
+};
+
+} // namespace host

@@ -1,0 +1,53 @@
+#include "host/window/bar_icons.h"
+
+#include "platform/resources/CUiResource.h"
+#include "platform/utils/CSingletonT.h"
+
+#include <QGuiApplication>
+#include <QPainter>
+#include <QPainterPath>
+#include <QPixmap>
+
+namespace host {
+
+namespace {
+
+constexpr const char* kColor = "clr_window_text";
+constexpr int kSize = 16; // pixels; the paths are drawn on a square of this size
+constexpr QRectF kLeftBar(3, 2, 3.5, 12);
+constexpr QRectF kRightBar(9.5, 2, 3.5, 12);
+const QPolygonF kTriangle({QPointF(4, 2), QPointF(13.5, 8), QPointF(4, 14)});
+
+QIcon iconOf(const QPainterPath& path)
+{
+    const qreal ratio = qGuiApp ? qGuiApp->devicePixelRatio() : 1;
+    QPixmap pixmap(QSize(kSize, kSize) * ratio);
+    pixmap.setDevicePixelRatio(ratio);
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.fillPath(path,
+                     *utils::CSingletonT<Zeb::CUiResource>::instance().getColor(QString::fromLatin1(kColor)));
+    painter.end();
+    return QIcon(pixmap);
+}
+
+} // namespace
+
+QIcon playIcon()
+{
+    QPainterPath path;
+    path.addPolygon(kTriangle);
+    path.closeSubpath();
+    return iconOf(path);
+}
+
+QIcon pauseIcon()
+{
+    QPainterPath path;
+    path.addRect(kLeftBar);
+    path.addRect(kRightBar);
+    return iconOf(path);
+}
+
+} // namespace host

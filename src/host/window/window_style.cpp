@@ -1,0 +1,131 @@
+#include "host/window/window_style.h"
+
+#include "platform/resources/CUiResource.h"
+#include "platform/utils/CSingletonT.h"
+
+#include <QColor>
+
+namespace host {
+
+namespace {
+
+Zeb::CUiResource& theme()
+{
+    return utils::CSingletonT<Zeb::CUiResource>::instance();
+}
+
+QColor color(const char* key)
+{
+    return *theme().getColor(QString::fromLatin1(key));
+}
+
+// %1 ground, %2 raised ground, %3 line, %4 text, %5 soft text, %6 accent, %7 selection, %8 hover, %9 field,
+// %10 error ground, %11 note ground, %12 message text, %13 popup ground, %14 slider of scroll bars,
+// %15 pressed
+const char* const kSheet = R"(
+QMainWindow, QSplitter { background: %1; }
+QSplitter::handle { background: %3; }
+QMenuBar { background: %2; color: %4; border-bottom: 1px solid %3; padding: 1px 4px; }
+QMenuBar::item { background: transparent; padding: 4px 9px; border-radius: 3px; }
+QMenuBar::item:selected { background: %8; }
+QMenu { background: %13; color: %4; border: 1px solid %3; padding: 4px; }
+QMenu::item { padding: 4px 26px 4px 24px; border-radius: 3px; }
+QMenu::item:selected { background: %8; }
+QMenu::item:disabled { color: %5; }
+QMenu::separator { height: 1px; background: %3; margin: 4px 8px; }
+QMenu::indicator { width: 12px; height: 12px; left: 6px; }
+QToolBar { background: %2; border: 0; border-bottom: 1px solid %3; spacing: 2px; padding: 3px 8px; }
+QToolBar::separator { width: 1px; background: %3; margin: 4px 8px; }
+QToolButton { color: %4; background: transparent; border: 1px solid transparent; border-radius: 4px;
+              padding: 3px 9px; }
+QToolButton:hover { background: %8; }
+QToolButton:pressed { background: %15; }
+QToolButton:checked { background: %7; }
+QToolButton:focus { border-color: %6; }
+#ReplayBar { background: %2; border: 0; border-top: 1px solid %3; }
+#ReplayBar QToolButton { border: 1px solid %3; padding: 2px; }
+#ReplayBar QToolButton:focus { border-color: %6; }
+#ReplayTime { color: %4; font-size: 16px; }
+QToolButton#CancelLoading { padding: 4px 12px; }
+#MessageBar { background: %11; border: 0; }
+#MessageBar[error="true"] { background: %10; }
+#MessageBar QLabel, #MessageBar QToolButton { color: %12; background: transparent; }
+QLineEdit { background: %9; color: %4; border: 1px solid %3; border-radius: 4px; padding: 4px 6px;
+            selection-background-color: %7; selection-color: %4; }
+QLineEdit:focus { border-color: %6; }
+QComboBox { background: %9; color: %4; border: 1px solid %3; border-radius: 4px; padding: 4px 6px;
+            min-width: 44px; }
+QComboBox:focus { border-color: %6; }
+QComboBox::drop-down { border: 0; width: 16px; }
+QComboBox::down-arrow { image: %16; width: 10px; height: 10px; }
+QComboBox QAbstractItemView { background: %13; color: %4; border: 1px solid %3; outline: 0;
+                              selection-background-color: %8; selection-color: %4; }
+QTableView { background: %1; color: %4; border: 0; outline: 0; selection-background-color: %7; }
+QTableView::item { padding: 0 6px; border: 0; }
+QTableView::item:hover { background: %8; }
+QTableView::item:selected { background: %7; }
+QTableView:focus { border-left: 2px solid %6; }
+QHeaderView { background: %2; border: 0; }
+QHeaderView::section { background: %2; color: %5; border: 0; border-bottom: 1px solid %3; padding: 4px 6px; }
+QProgressBar { background: %9; color: %4; border: 1px solid %3; border-radius: 4px; text-align: center;
+               min-height: 20px; }
+QProgressBar::chunk { background: %7; border-radius: 3px; }
+QToolTip { background: %13; color: %4; border: 1px solid %3; padding: 3px; }
+#InstrumentList QScrollBar:vertical { background: %1; width: 8px; margin: 1px; border: 0; }
+#InstrumentList QScrollBar::handle:vertical { background: %14; min-height: 24px; border-radius: 3px; }
+#InstrumentList QScrollBar::add-line:vertical, #InstrumentList QScrollBar::sub-line:vertical { height: 0; }
+)";
+
+} // namespace
+
+QPalette windowPalette()
+{
+    QPalette palette;
+    palette.setColor(QPalette::Window, color("clr_window_background"));
+    palette.setColor(QPalette::WindowText, color("clr_window_text"));
+    palette.setColor(QPalette::Base, color("clr_edit_background"));
+    palette.setColor(QPalette::AlternateBase, color("clr_window_background"));
+    palette.setColor(QPalette::Text, color("clr_edit_text"));
+    palette.setColor(QPalette::PlaceholderText, color("clr_window_text_soft"));
+    palette.setColor(QPalette::Button, color("clr_button_background"));
+    palette.setColor(QPalette::ButtonText, color("clr_button_text"));
+    palette.setColor(QPalette::Highlight, color("clr_edit_selection"));
+    palette.setColor(QPalette::HighlightedText, color("clr_edit_text"));
+    palette.setColor(QPalette::ToolTipBase, color("clr_tip_background"));
+    palette.setColor(QPalette::ToolTipText, color("clr_tip_text"));
+    palette.setColor(QPalette::Disabled, QPalette::Text, color("clr_button_text_disabled"));
+    palette.setColor(QPalette::Disabled, QPalette::WindowText, color("clr_button_text_disabled"));
+    palette.setColor(QPalette::Disabled, QPalette::ButtonText, color("clr_button_text_disabled"));
+    return palette;
+}
+
+QString windowStyleSheet()
+{
+    QString sheet = QString::fromLatin1(kSheet);
+    // From the last place down: "%1" begins "%12" as well.
+    sheet.replace(QLatin1String("%16"), theme().getImageSheet(QStringLiteral("kel_img_combo_arrow")));
+    const char* const keys[] = {
+        "clr_window_background",
+        "kel_clr_depth_module_group_base_widget_header_bg",
+        "kel_clr_depth_module_group_base_widget_split_line",
+        "clr_window_text",
+        "clr_window_text_soft",
+        "clr_focus",
+        "clr_edit_selection",
+        "clr_button_background_hover",
+        "clr_edit_background",
+        "clr_message_error_background",
+        "clr_message_background",
+        "clr_message_text",
+        "clr_menubar_background_new",
+        "clr_scrollbar_slider_new",
+        "clr_button_background_pressed",
+    };
+    for (int place = static_cast<int>(std::size(keys)); place > 0; --place) {
+        sheet.replace(QLatin1Char('%') + QString::number(place),
+                      theme().getColorSheetByKey(QString::fromLatin1(keys[place - 1])));
+    }
+    return sheet;
+}
+
+} // namespace host
