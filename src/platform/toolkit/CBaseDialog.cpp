@@ -1,0 +1,51 @@
+#include "platform/toolkit/CBaseDialog.h"
+
+#include "platform/resources/CUiResource.h"
+#include "platform/toolkit/style_sheets.h"
+#include "platform/utils/CSingletonT.h"
+
+namespace Zeb {
+
+namespace {
+constexpr int kEventPressed = 5;
+}
+
+CBaseDialog::CBaseDialog(QWidget* parent) : CEventWidgetT<QDialog>(parent), CEventDeliverer(this)
+{
+    CBaseDialog::themeChanged();
+}
+
+bool CBaseDialog::handleEvent(int id, int first, int, QString, void*)
+{
+    if (id != kEventPressed || first != kCloseId)
+        return false;
+    done(Rejected);
+    return true;
+}
+
+void CBaseDialog::done(int result)
+{
+    if (!hasEnded())
+        QDialog::done(result);
+}
+
+void CBaseDialog::reject()
+{
+    if (!hasEnded())
+        handleEvent(kEventPressed, kCloseId, 0, QString(), nullptr);
+}
+
+void CBaseDialog::themeChanged()
+{
+    setFont(*utils::CSingletonT<CUiResource>::instance().getFont(QStringLiteral("fnt_default_normal")));
+    setStyleSheet(windowSheet());
+    update();
+}
+
+void CBaseDialog::showEvent(QShowEvent* event)
+{
+    m_wasShown = true;
+    QDialog::showEvent(event);
+}
+
+} // namespace Zeb
