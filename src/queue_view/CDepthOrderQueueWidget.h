@@ -3,6 +3,7 @@
 #include "platform/toolkit/CBaseWidget.h"
 #include "platform/toolkit/CIndexScrollBar.h"
 #include "queue_engine/CDepthModelOrderQueue.h"
+#include "queue_view/LotTexts.h"
 #include "queue_view/OrderQueueTheme.h"
 #include "queue_view/order_queue_geometry.h"
 #include "records/CInstrumentDetail.h"
@@ -100,21 +101,21 @@ public:
     /// order's.
     void setVolumeColor(int volume, int colorIndex);
 
-    bool handleEvent(int id, int first, int second, QString text, void* data) override;
+    bool handleEvent(int id, int first, int second, QString text, void* pointer) override;
 
     // Feed (any thread)
     // -----------------------------------------------------------------------------------------
 
     /// Snapshots and published queues of this panel's instrument, as `CDepthModelOrderQueue` takes them.
-    void quoterCallBack(int seq, int status, const std::vector<boost::shared_ptr<quoter::QuoterBase>>& data);
+    void quoterCallBack(int seq, int status, const std::vector<boost::shared_ptr<quoter::QuoterBase>>& batch);
 
     /// Tick-by-tick orders; dropped if `key` is not that of the instrument ("SH600519").
     void onEntrustCallback(const QString& key, int seq, int status,
-                           const boost::shared_ptr<MetaCacheDataWrapper>& data);
+                           const boost::shared_ptr<MetaCacheDataWrapper>& batch);
 
     /// Tick-by-tick deals and cancellations, the same way.
     void onTransactionCallback(const QString& key, int seq, int status,
-                               const boost::shared_ptr<MetaCacheDataWrapper>& data);
+                               const boost::shared_ptr<MetaCacheDataWrapper>& batch);
 
     // After the close
     // -------------------------------------------------------------------------------------------
@@ -129,7 +130,7 @@ public:
 
 protected Q_SLOTS:
     void slotQueueCallBack(int seq, int status,
-                           const std::vector<boost::shared_ptr<quoter::QuoterBase>>& data, QString key,
+                           const std::vector<boost::shared_ptr<quoter::QuoterBase>>& batch, QString key,
                            long long time);
     void slotTimeout();
     void slotRefreshTimer(int ms);
@@ -144,12 +145,12 @@ protected:
 
     /// Ends the request and hands the answer, sent for the instrument `key`, to the engine.
     void postTradeQuoterCallBack(int seq, int status,
-                                 const std::vector<boost::shared_ptr<quoter::QuoterBase>>& data, QString key,
+                                 const std::vector<boost::shared_ptr<quoter::QuoterBase>>& batch, QString key,
                                  long long time);
 
     /// The same for snapshots: the engine hears of status -1.
     void postQuoterDepthCallBack(int seq, int status,
-                                 const std::vector<boost::shared_ptr<quoter::QuoterBase>>& data, QString key,
+                                 const std::vector<boost::shared_ptr<quoter::QuoterBase>>& batch, QString key,
                                  long long time);
 
     // Scroll (order_queue_scroll.cpp)
@@ -255,8 +256,8 @@ protected:
     bool m_needCenter = false; ///< centre the scroll once the level data is back
     QPixmap m_pixmap;
     QTimer* m_timer = nullptr;
-    QString m_fontText;
-    QString m_fontVol;
+    QString m_fontText = QStringLiteral("ic_fnt_index_modulegroup_entruststatus_text"); ///< of labels
+    QString m_fontVol = QStringLiteral("ic_fnt_index_modulegroup_transaction");         ///< of numbers
     bool m_userScroll = true; ///< false while the panel itself moves the slider
     boost::shared_ptr<nelservice::CInstrumentDetail> m_detail;
     int m_subscribeId = -1; ///< request for the time around the close, -1 for none
@@ -271,30 +272,35 @@ protected:
     QString m_clrFall;
 
 private:
-    class PanelMoves;
-
     bool isInstrument(const QString& key) const;
     bool isBarVisible() const { return !m_scrollBar->isHidden(); }
     void applyScrollBarSheet();
+    void moveSlider(int position);
+    void setSliderMaximum(int maximum);
+    void newPixmap();
     void fitPixmap();
     void scrolled();
     void endPostCloseRequest(int seq, int status,
-                             const std::vector<boost::shared_ptr<quoter::QuoterBase>>& data,
+                             const std::vector<boost::shared_ptr<quoter::QuoterBase>>& batch,
                              const QString& key);
 
-    OrderQueueLayout layout() const;
+    OrderQueueLayout queueLayout() const;
     bool drawLevels(QPainter& painter, int sideWidth, int cols);
-    void drawSummary(QPainter& painter, const OrderQueueData& level, int left, int top, int sideWidth);
+    void drawSummary(QPainter& painter, const boost::shared_ptr<OrderQueueData>& level, int left, int top,
+                     int sideWidth);
     void drawHead(QPainter& painter, const OrderQueueData& level, const LevelHead& head,
                   const QColor& priceColor);
+    void drawOrderCount(QPainter& painter, QRect box, int count);
     void drawCell(QPainter& painter, const OrderCell& cell, const QColor& defaultColor, bool isBuy);
-    void drawPartDealtCell(QPainter& painter, const OrderQueueData& level, const LevelCells& cells, int cols,
-                           const QColor& defaultColor);
-    const QColor& cellPen(const OrderCell& cell, const QColor& otherwise) const;
+    void drawPartDealtCell(QPainter& painter, const COrderVol& order, int cols, const QColor& defaultColor,
+                           bool isBuy);
+    void drawLots(QPainter& painter, const QRect& box, int lots, bool ellipsis);
+    QColor cellPen(const OrderCell& cell, const QColor& otherwise) const;
 
     OrderQueueTheme m_theme; ///< what the picture's keys stand for; set by `initDraw`
-    LevelCells m_cells;      ///< of the level drawn last, kept for its memory
-    bool m_drawing = false;  ///< a picture is being drawn
+    LotTexts m_lotTexts;
+    LevelCells m_cells;     ///< of the level drawn last, kept for its memory
+    bool m_drawing = false; ///< a picture is being drawn
 };
 
 } // namespace Kel

@@ -27,8 +27,11 @@ struct OrderQueueTheme
         QString fontVolume;
     };
 
-    OrderQueueTheme() = default;
-    explicit OrderQueueTheme(const Keys& keys);
+    /// Looks up everything that the keys below do not choose.
+    OrderQueueTheme();
+
+    /// Looks up what the keys choose; null until then.
+    void setKeys(const Keys& keys);
 
     /// Colour of the mark of an index; the default text colour for an index that is none.
     const QColor* mark(int index) const;

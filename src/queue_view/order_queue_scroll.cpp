@@ -1,0 +1,210 @@
+// Size, scroll bar and scroll position of the panel.
+
+#include "queue_view/CDepthOrderQueueWidget.h"
+
+#include "platform/resources/CUiResource.h"
+#include "platform/utils/CSingletonT.h"
+
+#include <QResizeEvent>
+#include <QScopedValueRollback>
+#include <QWheelEvent>
+
+#include <algorithm>
+#include <cmath>
+
+namespace Kel {
+
+namespace {
+
+constexpr int kBarWidth = 6; // pixels
+
+constexpr const char* kBarBackground = "clr_scrollbar_background_new";
+constexpr const char* kBarSlider = "clr_scrollbar_slider_new";
+constexpr const char* kBarSize = "siz_scroll_bar_width";
+
+/// %1 and %3 are the bar's ground, %2 is the slider, %4 the width.
+constexpr const char* kBarSheet =
+    "QScrollBar:vertical {border: 0px solid %1;background: %3;width: %4px;margin: 2px 2px 2px 2px;}"
+    "QScrollBar::handle:vertical {background: %2 ;min-height: 20px;}"
+    "QScrollBar::add-page:vertical,QScrollBar::sub-page:vertical {background: none;}"
+    "QScrollBar::add-line:vertical {border: 0px solid %1;background: none;height: 0px;"
+    "subcontrol-position: right;subcontrol-origin: margin;}"
+    "QScrollBar::sub-line:vertical {border: 0px solid %1;background: none;height: 0px;"
+    "subcontrol-position: left;subcontrol-origin: margin;}";
+
+/// For the life of the object the bar's moves are the panel's and not the user's.
+class PanelMoves
+{
+public:
+    explicit PanelMoves(bool& userScroll) : m_userScroll(userScroll) { m_userScroll = false; }
+    ~PanelMoves() { m_userScroll = true; }
+    PanelMoves(const PanelMoves&) = delete;
+    PanelMoves& operator=(const PanelMoves&) = delete;
+
+private:
+    bool& m_userScroll;
+};
+
+} // namespace
+
+void CDepthOrderQueueWidget::initScrollBar()
+{
+    m_clientRealHeight = height();
+    m_scrollBar = new CIndexScrollBar(0, Qt::Vertical, this);
+    m_scrollBar->setFixedWidth(kBarWidth);
+    m_scrollBar->setRange(0, 0);
+    m_scrollBar->hide();
+    applyScrollBarSheet();
+}
+
+void CDepthOrderQueueWidget::applyScrollBarSheet()
+{
+    const auto& resource = utils::CSingletonT<Zeb::CUiResource>::instance();
+    const QString ground = resource.getColorSheetByKey(QLatin1String(kBarBackground));
+    m_scrollBar->setStyleSheet(QString::fromLatin1(kBarSheet).arg(
+        ground, resource.getColorSheetByKey(QLatin1String(kBarSlider)), ground,
+        QString::number(resource.getSize(QLatin1String(kBarSize)))));
+}
+
+void CDepthOrderQueueWidget::moveSlider(int position)
+{
+    const PanelMoves moves(m_userScroll);
+    m_scrollBar->setValue(position);
+}
+
+void CDepthOrderQueueWidget::setSliderMaximum(int maximum)
+{
+    const PanelMoves moves(m_userScroll);
+    m_scrollBar->setMaximum(maximum);
+}
+
+// Size
+// ------------------------------------------------------------------------------------------------------------------
+
+void CDepthOrderQueueWidget::newPixmap()
+{
+    const qreal ratio = devicePixelRatioF();
+    const QSizeF size = QSizeF(m_clientRect.size()) * ratio;
+    m_pixmap = QPixmap(static_cast<int>(std::ceil(size.width())), static_cast<int>(std::ceil(size.height())));
+    m_pixmap.setDevicePixelRatio(ratio);
+}
+
+/// Takes a pixmap for the screen that the panel is on now.
+void CDepthOrderQueueWidget::fitPixmap()
+{
+    if (m_pixmap.devicePixelRatioF() != devicePixelRatioF())
+        newPixmap();
+}
+
+void CDepthOrderQueueWidget::resizeEvent(QResizeEvent* event)
+{
+    Zeb::CBaseWidget::resizeEvent(event);
+    resetLayout();
+}
+
+void CDepthOrderQueueWidget::resetLayout()
+{
+    m_clientRect = rect();
+    m_layoutDone = true;
+    m_visibleRows = static_cast<quint8>(m_clientRect.height() / m_rowHeight);
+    m_scrollBar->setGeometry(width() - m_scrollBar->width(), 0, m_scrollBar->width(), height());
+    m_scrollBar->setPageStep(m_clientRect.height());
+    m_centerOffset = 0;
+    if (!m_drawing)
+        newPixmap();
+    drawGraph();
+    updateScroll(false);
+    setScrollCenter();
+    update();
+}
+
+// Scroll
+// ----------------------------------------------------------------------------------------------------------------
+
+void CDepthOrderQueueWidget::updateScroll(bool keepProportion)
+{
+    m_clientRect = rect();
+    m_clientRealHeight = (m_rowCount + 1) * m_rowHeight;
+    m_scrollBar->setGeometry(width() - m_scrollBar->width(), 0, m_scrollBar->width(), height());
+
+    const int clientHeight = m_clientRect.height();
+    if (m_clientRealHeight <= clientHeight) {
+        m_scrollPos = 0;
+        setSliderMaximum(0);
+        moveSlider(0);
+        if (isBarVisible())
+            m_scrollBar->hide();
+        drawGraph();
+        update();
+        return;
+    }
+
+    const int maximum = m_clientRealHeight - clientHeight;
+    setSliderMaximum(maximum);
+    m_scrollPos = std::clamp(m_scrollPos, 0, maximum);
+
+    const bool pending = m_queueModeStyle == eQueueDetailHorizontal && m_needCenter;
+    const bool backed = pending && m_model.isLevelDataBack();
+    if (backed || m_model.m_bLevelArrived) {
+        m_centerOffset = 0;
+        setScrollCenter();
+        m_needCenter = false;
+        m_model.m_bLevelArrived.exchange(false);
+    } else if (keepProportion) {
+        const double share = static_cast<double>(m_scrollPos) / m_clientRealHeight;
+        moveSlider(static_cast<int>(share * maximum));
+    }
+
+    if (!isBarVisible()) {
+        m_scrollBar->show();
+        m_scrollBar->raise();
+        // The bar takes its width from the columns.
+        drawGraph();
+        update();
+    }
+}
+
+void CDepthOrderQueueWidget::setScrollCenter()
+{
+    if (m_queueModeStyle != eQueueDetailHorizontal)
+        return;
+    int position = 0;
+    if (m_centerY != 0) {
+        const int half = m_clientRect.height() / 2;
+        const int maximum = m_scrollBar->maximum();
+        position = m_centerY - m_centerOffset - half;
+        if (position < 0) {
+            position = 0;
+            m_centerOffset = m_centerY - half;
+        }
+        if (position > maximum) {
+            position = maximum;
+            m_centerOffset = m_centerY - half - maximum;
+        }
+    }
+    moveSlider(position);
+}
+
+/// The bar has moved.
+void CDepthOrderQueueWidget::scrolled()
+{
+    const int old = m_scrollTop;
+    m_scrollTop = m_scrollBar->value();
+    if (old != 0 && m_queueModeStyle == eQueueDetailHorizontal && m_userScroll)
+        m_centerOffset += old - m_scrollTop;
+    drawGraph();
+    update();
+}
+
+void CDepthOrderQueueWidget::wheelEvent(QWheelEvent* event)
+{
+    QWidget::wheelEvent(event);
+    if (isBarVisible()) {
+        m_userScroll = true;
+        m_scrollBar->setValue(m_scrollTop - event->angleDelta().y());
+    }
+    if (m_blockExceededWheel)
+        event->accept();
+}
+
+} // namespace Kel
