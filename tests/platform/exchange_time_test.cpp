@@ -161,3 +161,9 @@ TEST(ExchangeTime, TheClockOnlyGoesForward)
     }
     EXPECT_GT(currentMSecSince1970(), exchangeTime(20200101, 0, 0, 0, 0));
 }
+
+TEST(ExchangeTime, LogLinesShowTheTimeOfDayWithMilliseconds)
+{
+    EXPECT_EQ(millisecondsToTime(exchangeTime(20230201, 9, 30, 0, 120)), "09:30:00.120");
+    EXPECT_EQ(millisecondsToTime(0), "08:00:00.000");
+}

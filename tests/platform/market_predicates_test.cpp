@@ -24,7 +24,7 @@ std::string answers(const std::string& market, const std::string& code)
     };
     add(isStock(market, code), "stock");
     add(isGrowthBoard(market, code), "growth");
-    add(isTechnologyBoard(market, code), "technology");
+    add(isShanghaiTechBoard(market, code), "technology");
     add(isFund(market, code), "fund");
     add(isBond(market, code), "bond");
     add(isConvertibleBond(market, code), "convertible");
@@ -149,9 +149,9 @@ TEST(MarketPredicates, EachMarketQuestionKnowsItsMarketsAlone)
         add(isShanghaiMarket(market), "shanghai");
         add(isShenzhenMarket(market), "shenzhen");
         add(isBeijingMarket(market), "beijing");
-        add(isHongKongMarket(market), "hongkong");
-        add(isShanghaiConnect(market), "shanghai-connect");
-        add(isShenzhenConnect(market), "shenzhen-connect");
+        add(isHKMarket(market), "hongkong");
+        add(isHGTMarket(market), "shanghai-connect");
+        add(isSGTMarket(market), "shenzhen-connect");
         add(isStockMarket(market), "stock");
         add(isFutureMarket(market), "future");
         add(isStockOptionMarket(market), "option");

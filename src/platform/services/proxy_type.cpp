@@ -8,8 +8,7 @@ se::EProxyType proxyType(const std::string& market)
 {
     if (utils::isStockMarket(market))
         return se::eProxyStock;
-    if (utils::isHongKongMarket(market) || utils::isShanghaiConnect(market) ||
-        utils::isShenzhenConnect(market))
+    if (utils::isHKMarket(market) || utils::isHGTMarket(market) || utils::isSGTMarket(market))
         return se::eProxyHongKong;
     if (utils::isFutureMarket(market))
         return se::eProxyFuture;

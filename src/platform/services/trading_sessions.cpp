@@ -36,8 +36,7 @@ SessionTimes tradingSessions(const std::string& market, const std::string& code)
         return kStockSessions;
     if (market == "HKSH" || market == "HKSZ")
         return kStockSessions;
-    if (utils::isHongKongMarket(market) || utils::isShanghaiConnect(market) ||
-        utils::isShenzhenConnect(market))
+    if (utils::isHKMarket(market) || utils::isHGTMarket(market) || utils::isSGTMarket(market))
         return kHongKongSessions;
     if (market == "CFFEX")
         return isBondFuture(code) ? kBondFutureSessions : kStockSessions;

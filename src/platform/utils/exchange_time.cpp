@@ -118,6 +118,11 @@ QString exchangeTimestamp(std::int64_t msSince1970)
            clockText(msSince1970, true);
 }
 
+QString millisecondsToTime(std::int64_t msSince1970)
+{
+    return clockText(msSince1970, true);
+}
+
 bool parseTimeOfDay(const QString& text, std::int64_t& ms)
 {
     int position = 0;

@@ -37,16 +37,18 @@ QString clockText(std::int64_t msSince1970, bool withMs);
 /// Date and time at the exchange, "2023-02-01 09:30:00.120".
 QString exchangeTimestamp(std::int64_t msSince1970);
 
+/// Time of day at the exchange with milliseconds, "09:30:00.120", as log lines show the time of a record.
+QString millisecondsToTime(std::int64_t msSince1970);
+
 /// Reads a time of day, "9:30", "09:30", "09:30:15", "09:30:15.120" (one to three decimals), into
 /// milliseconds since midnight. Any other text is refused: false, and `ms` is left as it is.
 bool parseTimeOfDay(const QString& text, std::int64_t& ms);
 
 /// A moment as text. `seconds` counts from 1970-01-01 UTC, decimals are cut; with `exchangeClock` the text
 /// shows exchange time, else UTC. `gbkFormat` is a printf format in GBK encoding with up to six int
-/// conversions ("%d", "%2d",
-/// "%04d", ...), which take year, month, day, hour, minute and second in turn; "%%" is a percent sign.
-/// Anything else after a percent sign, more than six conversions, a null format, a time that is not finite or
-/// lies outside the years 1 to 9999: empty text.
+/// conversions ("%d", "%2d", "%04d", ...), which take year, month, day, hour, minute and second in turn; "%%"
+/// is a percent sign. Anything else after a percent sign, more than six conversions, a null format, a time
+/// that is not finite or lies outside the years 1 to 9999: empty text.
 QString getFullTextTimeByTime(double seconds, bool exchangeClock, const char* gbkFormat);
 
 } // namespace utils

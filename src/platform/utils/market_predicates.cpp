@@ -33,7 +33,7 @@ bool isBeijingMarket(const std::string& market)
     return market == "BJ";
 }
 
-bool isHongKongMarket(const std::string& market)
+bool isHKMarket(const std::string& market)
 {
     return market == "HK";
 }
@@ -54,12 +54,12 @@ bool isStockOptionMarket(const std::string& market)
     return market == "SHOP" || market == "SZOP";
 }
 
-bool isShanghaiConnect(const std::string& market)
+bool isHGTMarket(const std::string& market)
 {
     return market == "SHHK" || market == "HKSH";
 }
 
-bool isShenzhenConnect(const std::string& market)
+bool isSGTMarket(const std::string& market)
 {
     return market == "SZHK" || market == "HKSZ";
 }
@@ -129,7 +129,7 @@ bool isGrowthBoard(const std::string& market, const std::string& code)
     return isKind(market, code, ECodeKind::GrowthBoardStock);
 }
 
-bool isTechnologyBoard(const std::string& market, const std::string& code)
+bool isShanghaiTechBoard(const std::string& market, const std::string& code)
 {
     return isKind(market, code, ECodeKind::TechnologyBoardStock);
 }

@@ -16,7 +16,7 @@ namespace utils {
 bool isShanghaiMarket(const std::string& market);
 bool isShenzhenMarket(const std::string& market);
 bool isBeijingMarket(const std::string& market);
-bool isHongKongMarket(const std::string& market);
+bool isHKMarket(const std::string& market);
 
 /// Shanghai, Shenzhen or Beijing.
 bool isStockMarket(const std::string& market);
@@ -24,10 +24,10 @@ bool isFutureMarket(const std::string& market);
 bool isStockOptionMarket(const std::string& market);
 
 /// The connect of Shanghai and Hong Kong, in either direction.
-bool isShanghaiConnect(const std::string& market);
+bool isHGTMarket(const std::string& market);
 
 /// The connect of Shenzhen and Hong Kong, in either direction.
-bool isShenzhenConnect(const std::string& market);
+bool isSGTMarket(const std::string& market);
 
 bool isShanghaiIndex(const std::string& market, const std::string& code);
 bool isShenzhenIndex(const std::string& market, const std::string& code);
@@ -60,7 +60,7 @@ bool isGovernmentLoanRepurchase(const std::string& market, const std::string& co
 bool isGrowthBoard(const std::string& market, const std::string& code);
 
 /// Shanghai's science and technology board ("科创板").
-bool isTechnologyBoard(const std::string& market, const std::string& code);
+bool isShanghaiTechBoard(const std::string& market, const std::string& code);
 
 /// A contract of a futures exchange: one to three letters and two to four digits, such as "IF2406" or
 /// "SR405". Options on futures have longer codes and are none.
