@@ -4,6 +4,8 @@
 #include "platform/toolkit/style_sheets.h"
 #include "platform/utils/CSingletonT.h"
 
+#include <QAbstractSpinBox>
+
 namespace Zeb {
 
 namespace {
@@ -39,12 +41,21 @@ void CBaseDialog::themeChanged()
 {
     setFont(*utils::CSingletonT<CUiResource>::instance().getFont(QStringLiteral("fnt_default_normal")));
     setStyleSheet(windowSheet());
+    giveFontToEditors();
     update();
+}
+
+void CBaseDialog::giveFontToEditors()
+{
+    // A widget under a style sheet does not take its parent's font by itself.
+    for (auto* editor : findChildren<QAbstractSpinBox*>())
+        editor->setFont(font());
 }
 
 void CBaseDialog::showEvent(QShowEvent* event)
 {
     m_wasShown = true;
+    giveFontToEditors();
     QDialog::showEvent(event);
 }
 

@@ -36,6 +36,7 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
+    void giveFontToEditors();
     bool hasEnded() const { return m_wasShown && !isVisible(); }
 
     bool m_wasShown = false;

@@ -42,6 +42,7 @@ CStandardTable::CStandardTable(int columns, QWidget* parent)
     setFrameShape(QFrame::NoFrame);
     setWordWrap(false);
     setMouseTracking(true);
+    verticalHeader()->setMinimumSectionSize(1); // the font must not make the rows higher
     verticalHeader()->setDefaultSectionSize(kRowPixels);
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     horizontalHeader()->setFixedHeight(kHeaderPixels);
