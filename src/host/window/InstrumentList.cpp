@@ -52,7 +52,10 @@ void InstrumentList::setShown(int row)
     m_shown = row;
     m_rest.stop();
     m_quiet = true;
-    selectRow(row);
+    if (row >= 0)
+        selectRow(row);
+    else
+        clearSelection();
     m_quiet = false;
 }
 

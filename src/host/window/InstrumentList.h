@@ -18,7 +18,7 @@ public:
 
     InstrumentModel& instruments() { return *m_model; }
 
-    /// Puts the cursor on a row without choosing it.
+    /// Puts the cursor on a row without choosing it; -1 for none.
     void setShown(int row);
     int shown() const { return m_shown; }
 

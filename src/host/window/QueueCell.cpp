@@ -11,9 +11,10 @@ QueueCell::QueueCell(QWidget* parent)
 {
     header().setWidget(m_panel);
     header().setDrawSplit(true);
-    header().m_sigEvent.connect([panel = m_panel](int id, int first, int second, QString text, void* data) {
-        return panel->handleEvent(id, first, second, text, data);
-    });
+    header().m_sigEvent.connect(
+        [panel = m_panel](int id, int first, int second, QString text, void* pointer) {
+            return panel->handleEvent(id, first, second, text, pointer);
+        });
     header().showQueueActionImage(true);
 }
 

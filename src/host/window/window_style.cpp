@@ -21,7 +21,7 @@ QColor color(const char* key)
 
 // %1 ground, %2 raised ground, %3 line, %4 text, %5 soft text, %6 accent, %7 selection, %8 hover, %9 field,
 // %10 error ground, %11 note ground, %12 message text, %13 popup ground, %14 slider of scroll bars,
-// %15 pressed
+// %15 pressed, %16 arrow of a choice, %17 check mark
 const char* const kSheet = R"(
 QMainWindow, QSplitter { background: %1; }
 QSplitter::handle { background: %3; }
@@ -33,7 +33,8 @@ QMenu::item { padding: 4px 26px 4px 24px; border-radius: 3px; }
 QMenu::item:selected { background: %8; }
 QMenu::item:disabled { color: %5; }
 QMenu::separator { height: 1px; background: %3; margin: 4px 8px; }
-QMenu::indicator { width: 12px; height: 12px; left: 6px; }
+QMenu::indicator { width: 14px; height: 14px; left: 5px; }
+QMenu::indicator:checked { image: %17; }
 QToolBar { background: %2; border: 0; border-bottom: 1px solid %3; spacing: 2px; padding: 3px 8px; }
 QToolBar::separator { width: 1px; background: %3; margin: 4px 8px; }
 QToolButton { color: %4; background: transparent; border: 1px solid transparent; border-radius: 4px;
@@ -103,7 +104,8 @@ QString windowStyleSheet()
 {
     QString sheet = QString::fromLatin1(kSheet);
     // From the last place down: "%1" begins "%12" as well.
-    sheet.replace(QLatin1String("%16"), theme().getImageSheet(QStringLiteral("kel_img_combo_arrow")));
+    sheet.replace(QLatin1String("%17"), theme().getImageSheet(QStringLiteral("img_menu_check")));
+    sheet.replace(QLatin1String("%16"), theme().getImageSheet(QStringLiteral("img_combo_arrow")));
     const char* const keys[] = {
         "clr_window_background",
         "kel_clr_depth_module_group_base_widget_header_bg",

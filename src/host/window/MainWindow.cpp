@@ -1,0 +1,305 @@
+#include "host/window/MainWindow.h"
+
+#include "host/window/InstrumentList.h"
+#include "host/window/MessageBar.h"
+#include "host/window/QueueCell.h"
+#include "host/window/ReplayBar.h"
+#include "host/window/TerminalActions.h"
+#include "host/window/window_style.h"
+#include "platform/resources/CUiResource.h"
+#include "platform/utils/CSingletonT.h"
+#include "platform/utils/exchange_time.h"
+#include "queue_view/CDepthOrderQueueWidget.h"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QSplitter>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace host {
+
+namespace {
+
+constexpr int kFollowMs = 100;   // between two looks at the replay's time
+constexpr int kListWidth = 300;  // pixels
+constexpr int kQueueWidth = 980; // pixels
+constexpr QSize kUsualSize(1280, 800);
+constexpr std::int64_t kUsualTimeOfDay = (9 * 60 + 30) * 60 * utils::kMSecPerSecond; // the open
+
+Zeb::CUiResource& theme()
+{
+    return utils::CSingletonT<Zeb::CUiResource>::instance();
+}
+
+} // namespace
+
+MainWindow::MainWindow(const TerminalOptions& options)
+    : m_options(options),
+      m_player(std::make_unique<ReplayPlayer>(m_hub)),
+      m_loader(std::make_unique<DayLoader>()),
+      m_splitter(new QSplitter(Qt::Horizontal)),
+      m_list(new InstrumentList),
+      m_queue(new QueueCell),
+      m_bar(new ReplayBar),
+      m_messages(new MessageBar),
+      m_actions(new TerminalActions(this))
+{
+    setObjectName(QStringLiteral("MainWindow"));
+    setWindowTitle(QStringLiteral("逐笔委托队列"));
+    theme().setTheme(options.theme);
+    theme().setPriceColors(options.colors);
+    makeLayout();
+    applyStyle();
+    m_queue->setTradeDate([this] { return m_services.tradingDay(); });
+    m_hub.add(m_queue->receiver());
+    connectLoader();
+    connectReplay();
+    connectActions();
+    m_queue->setModes(options.modes);
+    setSpeed(options.speed);
+    resize(options.size.isEmpty() ? kUsualSize : options.size);
+    m_list->setFocus();
+}
+
+MainWindow::~MainWindow()
+{
+    // The feed ends before the panels do.
+    m_loader.reset();
+    m_player.reset();
+    delete takeCentralWidget();
+}
+
+void MainWindow::makeLayout()
+{
+    m_splitter->setHandleWidth(1);
+    m_splitter->setChildrenCollapsible(false);
+    m_splitter->addWidget(m_list);
+    m_splitter->addWidget(m_queue);
+    m_splitter->setStretchFactor(1, 1);
+    m_splitter->setSizes({kListWidth, kQueueWidth});
+
+    auto* central = new QWidget(this);
+    auto* column = new QVBoxLayout(central);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(m_messages);
+    column->addWidget(m_splitter, 1);
+    column->addWidget(m_bar);
+    setCentralWidget(central);
+    setMinimumSize(theme().getSize(QStringLiteral("kel_siz_mainwindow_width_min")),
+                   theme().getSize(QStringLiteral("kel_siz_mainwindow_height_min")));
+}
+
+void MainWindow::connectLoader()
+{
+    connect(m_loader.get(), &DayLoader::progress, m_bar, &ReplayBar::setLoading);
+    connect(m_loader.get(), &DayLoader::listed, this, [this](const auto& instruments) {
+        m_sourceIsNew = true;
+        m_list->instruments().setInstruments(instruments);
+    });
+    connect(m_loader.get(), &DayLoader::priced, &m_list->instruments(), &InstrumentModel::setPrices);
+    connect(m_loader.get(), &DayLoader::loaded, this, &MainWindow::showDay);
+    connect(m_loader.get(), &DayLoader::failed, this, &MainWindow::onFailed);
+    connect(m_loader.get(), &DayLoader::cancelled, this, &MainWindow::onCancelled);
+    connect(m_bar, &ReplayBar::cancelAsked, m_loader.get(), &DayLoader::cancel);
+    connect(m_list, &InstrumentList::chosen, this, [this](int row) {
+        m_bar->setLoading(0, 0);
+        m_loader->load(row);
+    });
+}
+
+void MainWindow::connectReplay()
+{
+    connect(m_player.get(), &ReplayPlayer::halted, this, &MainWindow::onHalted);
+    connect(m_player.get(), &ReplayPlayer::began, this, [this] {
+        followReplay();
+        Q_EMIT shown();
+    });
+    connect(m_player.get(), &ReplayPlayer::ended, this, [this] {
+        setPlaying(false);
+        followReplay();
+    });
+    connect(m_bar, &ReplayBar::seekAsked, this, &MainWindow::seek);
+    connect(m_bar, &ReplayBar::playClicked, this, [this] { setPlaying(!m_player->playing()); });
+    connect(m_bar, &ReplayBar::speedChosen, this, &MainWindow::setSpeed);
+    connect(m_bar, &ReplayBar::timeRefused, this, [this](const QString& text) {
+        m_messages->showError(QStringLiteral("不是时间：") + text +
+                              QStringLiteral("（例如 10:30 或 09:25:03）"));
+    });
+    connect(&m_follow, &QTimer::timeout, this, &MainWindow::followReplay);
+    m_follow.start(kFollowMs);
+}
+
+void MainWindow::connectActions()
+{
+    connect(m_actions, &TerminalActions::modesChosen, m_queue, &QueueCell::setModes);
+    connect(m_queue, &QueueCell::modesChanged, this, [this] { m_actions->showModes(m_queue->modes()); });
+    connect(m_actions, &TerminalActions::themeChosen, this,
+            [](const QString& name) { theme().setTheme(name); });
+    connect(m_actions, &TerminalActions::colorsChosen, this,
+            [](Zeb::EPriceColors colors) { theme().setPriceColors(colors); });
+    connect(m_actions, &TerminalActions::playToggled, this, [this] { setPlaying(!m_player->playing()); });
+    connect(m_actions, &TerminalActions::speedStep, this, &MainWindow::stepSpeed);
+    connect(m_actions, &TerminalActions::timeStep, this,
+            [this](int seconds) { seek(m_player->now() + seconds * utils::kMSecPerSecond); });
+    connect(m_actions, &TerminalActions::jumpAsked, m_bar, &ReplayBar::focusJump);
+    connect(m_actions, &TerminalActions::archiveAsked, this, [this] { openFolder(true); });
+    connect(m_actions, &TerminalActions::importAsked, this, [this] { openFolder(false); });
+    connect(m_actions, &TerminalActions::simulationAsked, this, [this] {
+        DaySource source;
+        source.simulated = true;
+        openSource(source);
+    });
+    connect(m_actions, &TerminalActions::quitAsked, this, &QWidget::close);
+}
+
+void MainWindow::start()
+{
+    openSource(m_options.source);
+}
+
+void MainWindow::openSource(const DaySource& source)
+{
+    m_bar->setLoading(0, 0);
+    m_loader->open(source);
+}
+
+void MainWindow::openFolder(bool archive)
+{
+    const QString folder = QFileDialog::getExistingDirectory(
+        this, archive ? QStringLiteral("打开日档案") : QStringLiteral("导入行情文件夹"));
+    if (folder.isEmpty())
+        return;
+    DaySource source;
+    if (archive) {
+        source.archive = folder.toStdString();
+    } else {
+        source.layout = "auto";
+        source.path = folder.toStdString();
+    }
+    openSource(source);
+}
+
+void MainWindow::showDay(int index, const DayPtr& day)
+{
+    // Another instrument of the same source goes on at the same time of day.
+    const bool goesOn = m_day && !m_sourceIsNew;
+    const std::int64_t timeOfDay = utils::timeOfDayMs(m_player->now());
+    const bool first = !m_day;
+    m_sourceIsNew = false;
+    m_day = day;
+    m_index = index;
+    m_range = dayRange(*day);
+    m_services.setDay(day);
+    m_close = TerminalServices::closeOf(*day);
+    m_bar->setLoaded();
+    m_bar->setDay(m_range);
+    m_list->setShown(index);
+    setWindowTitle(QString::fromStdString(day->detail.name + ' ' + day->detail.code) +
+                   QStringLiteral(" — 逐笔委托队列"));
+    m_player->open(day, goesOn ? momentIn(m_range, timeOfDay) : firstMoment());
+    if (first && m_options.playing)
+        setPlaying(true);
+}
+
+/// The moment that the options name, else the open.
+std::int64_t MainWindow::firstMoment() const
+{
+    return momentIn(m_range, m_options.at >= 0 ? m_options.at : kUsualTimeOfDay);
+}
+
+void MainWindow::onHalted(int number)
+{
+    m_closeAsked = false;
+    m_queue->setInstrument(TerminalServices::keyOf(m_day->detail));
+    m_player->begin(number);
+}
+
+void MainWindow::onFailed(const QString& reason)
+{
+    m_bar->setLoaded();
+    if (!m_day) {
+        Q_EMIT startFailed(reason);
+        return;
+    }
+    showRowOfDay();
+    m_messages->showError(reason);
+}
+
+void MainWindow::onCancelled()
+{
+    m_bar->setLoaded();
+    showRowOfDay();
+    m_messages->showNote(QStringLiteral("已取消载入"));
+}
+
+/// The list's cursor goes back to the day that is shown, if the list is still that of its source.
+void MainWindow::showRowOfDay()
+{
+    m_list->setShown(m_sourceIsNew ? -1 : m_index);
+}
+
+void MainWindow::seek(std::int64_t moment)
+{
+    if (m_day)
+        m_player->seek(std::clamp(moment, m_range.begin, m_range.end));
+}
+
+void MainWindow::setPlaying(bool playing)
+{
+    if (playing && m_day && m_player->now() >= m_range.end)
+        seek(m_range.begin);
+    if (playing)
+        m_player->play();
+    else
+        m_player->pause();
+    m_bar->setPlaying(playing);
+    m_actions->showPlaying(playing);
+}
+
+void MainWindow::setSpeed(double speed)
+{
+    m_bar->setSpeed(speed);
+    m_player->setSpeed(speed);
+}
+
+void MainWindow::stepSpeed(int step)
+{
+    const auto& speeds = ReplayBar::speeds();
+    const auto at = std::find(speeds.begin(), speeds.end(), m_bar->speed()) - speeds.begin();
+    const auto last = static_cast<std::ptrdiff_t>(speeds.size()) - 1;
+    setSpeed(speeds[static_cast<std::size_t>(std::clamp<std::ptrdiff_t>(at + step, 0, last))]);
+}
+
+void MainWindow::followReplay()
+{
+    if (!m_day)
+        return;
+    const std::int64_t now = m_player->now();
+    m_bar->setMoment(now);
+    m_list->instruments().setMoment(now);
+    if (!m_closeAsked && m_close >= 0 && now >= m_close) {
+        m_closeAsked = true;
+        m_queue->panel().onPostTradeClosed(TerminalServices::keyOf(m_day->detail),
+                                           m_close / utils::kMSecPerSecond);
+    }
+}
+
+void MainWindow::applyStyle()
+{
+    QApplication::setPalette(windowPalette());
+    QApplication::setFont(*theme().getFont(QStringLiteral("fnt_default_normal")));
+    setStyleSheet(windowStyleSheet());
+    m_actions->showTheme(theme().theme());
+    m_actions->showColors(theme().priceColors());
+}
+
+void MainWindow::themeChanged()
+{
+    applyStyle();
+    m_list->instruments().refreshColors();
+}
+
+} // namespace host

@@ -1,0 +1,108 @@
+#pragma once
+
+#include "host/window/DayLoader.h"
+#include "host/window/FeedHub.h"
+#include "host/window/ReplayPlayer.h"
+#include "host/window/TerminalOptions.h"
+#include "host/window/TerminalServices.h"
+#include "host/window/day_moments.h"
+#include "platform/resources/CUiResourceChangeHandler.h"
+
+#include <QMainWindow>
+#include <QTimer>
+
+#include <cstdint>
+#include <memory>
+
+class QSplitter;
+
+namespace host {
+
+class InstrumentList;
+class MessageBar;
+class QueueCell;
+class ReplayBar;
+class TerminalActions;
+
+/// The terminal's window: instruments at the left, the order queue in its header, the replay below. It
+/// remembers nothing on disk. GUI thread.
+class MainWindow : public QMainWindow, public Zeb::CUiResourceChangeHandler
+{
+    Q_OBJECT
+
+public:
+    explicit MainWindow(const TerminalOptions& options);
+    ~MainWindow() override;
+
+    /// Loads the source that the options name.
+    void start();
+
+    /// Loads another source; what is shown stays until it is there.
+    void openSource(const DaySource& source);
+
+    /// Goes to a moment of the day that is shown (ms since 1970-01-01 UTC).
+    void seek(std::int64_t moment);
+
+    void setPlaying(bool playing);
+
+    ReplayPlayer& player() { return *m_player; }
+    QueueCell& queue() { return *m_queue; }
+    InstrumentList& list() { return *m_list; }
+    ReplayBar& bar() { return *m_bar; }
+    MessageBar& messages() { return *m_messages; }
+    TerminalActions& actions() { return *m_actions; }
+
+    /// Records that the feed has delivered.
+    std::int64_t records() const { return m_hub.records(); }
+
+    /// The day that is shown; null before the first one.
+    DayPtr day() const { return m_day; }
+
+    void themeChanged() override;
+
+Q_SIGNALS:
+    /// An instrument's history up to the moment of the replay has reached the panels.
+    void shown();
+
+    /// The first source cannot be loaded: there is nothing to show.
+    void startFailed(const QString& reason);
+
+private:
+    void makeLayout();
+    void connectLoader();
+    void connectReplay();
+    void connectActions();
+    void applyStyle();
+    void showDay(int index, const DayPtr& day);
+    void onHalted(int number);
+    void onFailed(const QString& reason);
+    void onCancelled();
+    void showRowOfDay();
+    void followReplay();
+    void stepSpeed(int step);
+    void setSpeed(double speed);
+    void openFolder(bool archive);
+    std::int64_t firstMoment() const;
+
+    TerminalOptions m_options;
+    TerminalServices m_services; ///< outlives the panels
+    FeedHub m_hub;
+    std::unique_ptr<ReplayPlayer> m_player;
+    std::unique_ptr<DayLoader> m_loader;
+    QSplitter* m_splitter;
+    InstrumentList* m_list;
+    QueueCell* m_queue;
+    ReplayBar* m_bar;
+    MessageBar* m_messages;
+    TerminalActions* m_actions;
+    QTimer m_follow;
+
+    DayPtr m_day;
+    DayRange m_range;
+    int m_index = -1;           ///< row of the day in the list
+    bool m_sourceIsNew = false; ///< the list is of a source of which no day is shown yet
+    bool m_closeAsked = false;  ///< the panel was told of the close
+    std::int64_t m_close = -1;  ///< ms since 1970-01-01 UTC
+};
+
+} // namespace host
