@@ -1,0 +1,113 @@
+#pragma once
+
+#include "platform/utils/AtomicSharedPtr.h"
+#include "records/CFormulaParam.h"
+#include "records/CInstrumentDetail.h"
+#include "records/DepthCancelData.h"
+#include "records/DepthOrderData.h"
+#include "records/MetaCacheDataWrapper.h"
+#include "records/SDepthFilterParam.h"
+#include "records/TransactionData.h"
+
+#include <QString>
+
+#include <boost/shared_ptr.hpp>
+
+#include <atomic>
+#include <cstddef>
+#include <list>
+#include <vector>
+
+namespace Kel {
+
+/// The orders and the cancellations of one instrument's day, each list filtered, and the deals of each
+/// order.
+///
+/// Orders stand in order of time tag (second) and number, cancellations in order of time tag and number of
+/// their record; what comes late is put in its place, what is repeated is ignored. An order is a record with
+/// a number above 0 that fits 32 bits, shares above 0, and a kind other than 3 (no standing order); its
+/// volume is the original one, as the feed gives it. A cancellation is a record of kind 3 of the deal
+/// channel; its order is `buyNo`, or `sellNo` when that is 0. Lots are the nearest, 1 below a lot.
+///
+/// Filter: see `passesFilter`, `wantsOrder` and `wantsCancel`. A cancellation is judged by side and price of
+/// its order. While the order is unknown it is judged by its own price and the side that its numbers prove
+/// (a number in `sellNo`: sell; in `buyNo` alone: buy), else it is kept if either kind of cancel is; when
+/// the order comes it is judged again. `orderCount`, `cancelCount`, the rows and the places in a second are
+/// those of the filtered lists, look-ups by number know no filter.
+///
+/// Batches of status 0 replace all data of their channel (orders; deals and cancellations), 1, 2 and 3 add
+/// to it, others are ignored, as is a batch of another instrument and every batch while there is none.
+///
+/// Threads: callbacks on any thread, everything else on the thread of the interface (the look-ups may be
+/// called on any). The model has its own lock and holds it for short slices. Counts are set before flags; a
+/// reader clears a flag and then reads the count. What was handed out never changes and stays valid. A new
+/// filter is applied at once to short lists and in the background to long ones; the old lists stay in force
+/// until the new ones are whole.
+class CModelDepthEntrust
+{
+public:
+    CModelDepthEntrust();
+    virtual ~CModelDepthEntrust();
+    CModelDepthEntrust(const CModelDepthEntrust&) = delete;
+    CModelDepthEntrust& operator=(const CModelDepthEntrust&) = delete;
+
+    /// Chooses the instrument by the code that the stock manager knows it by. Rows stay. With an unknown
+    /// code there is no instrument.
+    void setStock(const QString& code);
+
+    /// Adds the instrument's key as "code".
+    void getParams(CFormulaParam& param) const;
+
+    /// Drops all rows and deals; keeps instrument and filter.
+    void clear();
+
+    void entrustCallback(int seq, int status, const boost::shared_ptr<MetaCacheDataWrapper>& data);
+    void transactionCallback(int seq, int status, const boost::shared_ptr<MetaCacheDataWrapper>& data);
+
+    /// Keeps what passes from now on.
+    void setFilterParam(const SDepthFilterParam& param);
+
+    /// A row of the order list, null outside: of the filtered list, with `whole` of the whole one.
+    boost::shared_ptr<DepthOrderData> getOrderData(int row, bool whole) const;
+
+    /// An order by number. True when found; otherwise `order` is made null.
+    bool getOrderData(int number, boost::shared_ptr<DepthOrderData>& order) const;
+
+    /// A row of the filtered list of cancellations, null outside.
+    boost::shared_ptr<DepthCancelData> getCancelData(int row) const;
+
+    /// Fills `records` with all deals and cancellations of an order, in order of time tag and number of the
+    /// record. `kind` is 3 for a cancellation, else the side that was active, 0 for none. True if there is
+    /// one.
+    bool getTransactionData(int number, std::list<boost::shared_ptr<quoter::TransactionData>>& records) const;
+
+    /// The number, counted from 1, of a row among the rows of its second; 0 outside.
+    int tracebackOrderSeq(int row) const;
+    int tracebackCancelSeq(int row) const;
+
+    /// Rows of the filtered list with limit orders of exactly this price (yuan), these lots and this side
+    /// whose whole second stands at this time of the exchange's day (ms since midnight), in order.
+    std::vector<int> findOrders(int timeOfDayMs, double price, int lots, int side) const;
+
+    /// Whether a filter is still being applied in the background.
+    bool isFiltering() const;
+
+    /// Bytes that the model holds on the heap.
+    std::size_t heapBytes() const;
+
+    // Set by `setStock`, read by the panel. Thread of the interface.
+    double priceTick = 0.01; ///< yuan
+    double preClose = 0;     ///< yuan
+
+    std::atomic<int> orderCount{0};       ///< rows of the filtered list of orders
+    std::atomic<int> cancelCount{0};      ///< rows of the filtered list of cancellations
+    std::atomic<bool> orderDirty{false};  ///< the list of orders has changed
+    std::atomic<bool> cancelDirty{false}; ///< the list of cancellations, or an order of one, has changed
+    utils::AtomicSharedPtr<nelservice::CInstrumentDetail> detail; ///< null without an instrument
+
+private:
+    struct Rows;
+    boost::shared_ptr<Rows> m_rows; ///< also held by a filter that is being applied
+};
+
+} // namespace Kel

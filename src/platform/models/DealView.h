@@ -1,0 +1,63 @@
+#pragma once
+
+#include "platform/models/DealLog.h"
+#include "platform/models/FilteredIndexes.h"
+#include "records/DepthTransData.h"
+#include "records/SDepthFilterParam.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <utility>
+
+namespace Kel {
+
+/// The deals that pass a filter, with the runs that they form: neighbouring rows of the same order. Follows
+/// a deal log that grows at its end and may be cut. One thread at a time.
+class DealView
+{
+public:
+    explicit DealView(const SDepthFilterParam& param) : m_param(param) {}
+
+    const SDepthFilterParam& param() const { return m_param; }
+
+    /// Rows of the filtered list.
+    int size() const { return m_indexes.size(); }
+
+    /// Deals of the log that were looked at.
+    int looked() const { return m_indexes.looked(); }
+
+    /// Looks at the deals of the log up to `end`.
+    void look(const DealLog& deals, int end);
+
+    /// Forgets all deals of the log from `index` on.
+    void truncate(int index);
+
+    /// Fills a row of the filtered list as it is handed out.
+    void fill(const DealLog& deals, int row, DepthTransData& into) const;
+
+    /// The first row not before a time tag, `size()` for none.
+    int firstNotBefore(const DealLog& deals, int time) const;
+
+    /// First and last row of a time tag, (-1, -1) for none.
+    std::pair<int, int> rowsOfTime(const DealLog& deals, int time) const;
+
+    /// The number, from 1, of a row within its second; 0 outside.
+    int placeInSecond(const DealLog& deals, int row) const;
+
+    std::size_t heapBytes() const { return m_indexes.heapBytes() + m_runs.heapBytes(); }
+
+private:
+    struct Runs
+    {
+        std::int16_t buy = 0;
+        std::int16_t sell = 0;
+    };
+
+    Runs runsAfter(const DealLog& deals, const DealRow& deal) const;
+
+    SDepthFilterParam m_param;
+    FilteredIndexes m_indexes;
+    ChunkedRows<Runs> m_runs; ///< of each row of the filtered list
+};
+
+} // namespace Kel
