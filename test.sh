@@ -7,9 +7,15 @@
 set -euo pipefail
 cd "$(dirname "$0")"
 
+stages=("${@:-all}")
+for stage in "${stages[@]}"; do
+  if [[ ! "$stage" =~ ^(all|dev|asan|tsan|fuzz)$ ]]; then
+    echo "error: no stage is called '$stage'; there are: dev, asan, tsan, fuzz, all" >&2
+    exit 2
+  fi
+done
 scripts/install-dependencies.sh --with-tests
 
-stages=("${@:-all}")
 wants() { [[ " ${stages[*]} " == *" all "* || " ${stages[*]} " == *" $1 "* ]]; }
 jobs=$(nproc)
 

@@ -13,7 +13,7 @@ if [[ "${1:-}" == "--with-tests" ]]; then
   packages+=(
     libgtest-dev libgmock-dev libbenchmark-dev
     clang-14 clang-format-14 libclang-rt-14-dev llvm-14
-    xvfb xauth openbox
+    xvfb xauth openbox git
   )
 fi
 
