@@ -111,6 +111,11 @@ void CDepthOrderQueueWidget::updateQueueMode(EQueueMode mode)
     update();
 }
 
+void CDepthOrderQueueWidget::setCurrentTradeDateFunc(boost::function<int()> currentTradeDate)
+{
+    m_currentTradeDateFunc.swap(currentTradeDate);
+}
+
 void CDepthOrderQueueWidget::setTrackOrder(int orderNo, int colorIndex)
 {
     m_trackOrderNo = orderNo;

@@ -88,10 +88,7 @@ public:
 
     /// Gives the trading date (20230201) whose previous close prices are coloured by. Set it before
     /// `setStock`; without it all prices are held against the largest double.
-    void setCurrentTradeDateFunc(boost::function<int()> currentTradeDate)
-    {
-        m_currentTradeDateFunc = currentTradeDate;
-    }
+    void setCurrentTradeDateFunc(boost::function<int()> currentTradeDate);
 
     /// Writes the order with this number in the mark colour of the index; -1, the initial number, is no
     /// order.
@@ -286,8 +283,8 @@ private:
 
     OrderQueueLayout queueLayout() const;
     bool drawLevels(QPainter& painter, int sideWidth, int cols);
-    void drawSummary(QPainter& painter, const boost::shared_ptr<OrderQueueData>& level, int left, int top,
-                     int sideWidth);
+    void drawSummary(QPainter& painter, const boost::shared_ptr<OrderQueueData>& level, EOrderQueueType side,
+                     int top, int sideWidth);
     void drawHead(QPainter& painter, const OrderQueueData& level, const LevelHead& head,
                   const QColor& priceColor);
     void drawOrderCount(QPainter& painter, QRect box, int count);

@@ -263,8 +263,8 @@ bool CDepthOrderQueueWidget::drawLevels(QPainter& painter, int sideWidth, int co
         if (!sell && !buy)
             continue;
         if (current.firstLevelDetail()) {
-            drawSummary(painter, sell, 0, current.rowTop(leftRow, OQT_SELL), sideWidth);
-            drawSummary(painter, buy, sideWidth, current.rowTop(rightRow, OQT_BUY), sideWidth);
+            drawSummary(painter, sell, OQT_SELL, current.rowTop(leftRow, OQT_SELL), sideWidth);
+            drawSummary(painter, buy, OQT_BUY, current.rowTop(rightRow, OQT_BUY), sideWidth);
             ++leftRow;
             ++rightRow;
         }
@@ -292,12 +292,13 @@ bool CDepthOrderQueueWidget::drawLevels(QPainter& painter, int sideWidth, int co
 
 /// Name, price, volume, number of orders and average of a level.
 void CDepthOrderQueueWidget::drawSummary(QPainter& painter, const boost::shared_ptr<OrderQueueData>& level,
-                                         int left, int top, int sideWidth)
+                                         EOrderQueueType side, int top, int sideWidth)
 {
     const OrderQueueLayout current = queueLayout();
     if (!level || !level->hasPrice() || !current.isVisible(top))
         return;
-    const SummaryRow row = summaryRow(current, left, top, sideWidth, left == 0);
+    const bool isSell = side == OQT_SELL;
+    const SummaryRow row = summaryRow(current, isSell ? 0 : sideWidth, top, sideWidth, isSell);
 
     painter.setFont(*m_theme.textFont);
     painter.setPen(*m_theme.text);

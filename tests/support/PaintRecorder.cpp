@@ -329,7 +329,10 @@ int PaintRecorder::metric(PaintDeviceMetric metric) const
     return 0;
 }
 
-std::vector<PaintCommand> PaintRecorder::all(PaintCommand::Kind kind) const
+// PaintRecording
+// --------------------------------------------------------------------------------------------------------
+
+std::vector<PaintCommand> PaintRecording::all(PaintCommand::Kind kind) const
 {
     std::vector<PaintCommand> found;
     for (const PaintCommand& command : m_commands) {
@@ -339,7 +342,7 @@ std::vector<PaintCommand> PaintRecorder::all(PaintCommand::Kind kind) const
     return found;
 }
 
-QStringList PaintRecorder::texts() const
+QStringList PaintRecording::texts() const
 {
     QStringList found;
     for (const PaintCommand& command : all(PaintCommand::eText))
@@ -347,7 +350,7 @@ QStringList PaintRecorder::texts() const
     return found;
 }
 
-std::vector<PaintCommand> PaintRecorder::textCommands(const QString& text) const
+std::vector<PaintCommand> PaintRecording::textCommands(const QString& text) const
 {
     std::vector<PaintCommand> found;
     for (const PaintCommand& command : all(PaintCommand::eText)) {
@@ -357,13 +360,13 @@ std::vector<PaintCommand> PaintRecorder::textCommands(const QString& text) const
     return found;
 }
 
-PaintCommand PaintRecorder::text(const QString& text) const
+PaintCommand PaintRecording::text(const QString& text) const
 {
     const std::vector<PaintCommand> found = textCommands(text);
     return found.empty() ? PaintCommand() : found.front();
 }
 
-QStringList PaintRecorder::textsIn(const QRectF& box) const
+QStringList PaintRecording::textsIn(const QRectF& box) const
 {
     QStringList found;
     for (const PaintCommand& command : all(PaintCommand::eText)) {
@@ -374,7 +377,7 @@ QStringList PaintRecorder::textsIn(const QRectF& box) const
     return found;
 }
 
-std::vector<PaintCommand> PaintRecorder::fillsOf(const QRectF& rect) const
+std::vector<PaintCommand> PaintRecording::fillsOf(const QRectF& rect) const
 {
     std::vector<PaintCommand> found;
     for (const PaintCommand& command : fills()) {
@@ -384,7 +387,7 @@ std::vector<PaintCommand> PaintRecorder::fillsOf(const QRectF& rect) const
     return found;
 }
 
-std::vector<PaintCommand> PaintRecorder::fillsOf(const QColor& color) const
+std::vector<PaintCommand> PaintRecording::fillsOf(const QColor& color) const
 {
     std::vector<PaintCommand> found;
     for (const PaintCommand& command : fills()) {
@@ -394,7 +397,7 @@ std::vector<PaintCommand> PaintRecorder::fillsOf(const QColor& color) const
     return found;
 }
 
-std::vector<std::string> PaintRecorder::lines() const
+std::vector<std::string> PaintRecording::lines() const
 {
     std::vector<std::string> found;
     for (const PaintCommand& command : m_commands)

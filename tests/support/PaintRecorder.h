@@ -71,23 +71,11 @@ struct PaintCommand
 /// Prints the line of the command, for messages of failed assertions.
 std::ostream& operator<<(std::ostream& out, const PaintCommand& command);
 
-/// A paint device that keeps what is painted on it, in order, as values: rules of a picture become
-/// assertions that no font and no antialiasing can break.
-///
-///     PaintRecorder recorder(400, 300);
-///     QPainter painter(&recorder);
-///     widget.drawGraph(painter);
-///     painter.end();
-///     EXPECT_EQ(recorder.texts(), (QStringList{"卖一", "10.02"}));
-///     EXPECT_TRUE(recorder.text("10.02").standsIn(QRect(45, 10, 65, 20), Qt::AlignRight |
-///     Qt::AlignVCenter));
-class PaintRecorder : public QPaintDevice
+/// What was painted, in order, as values: a rule of a picture becomes an assertion that no font and no
+/// antialiasing can break.
+class PaintRecording
 {
 public:
-    /// Logical pixels.
-    PaintRecorder(int width, int height);
-    ~PaintRecorder() override;
-
     const std::vector<PaintCommand>& commands() const { return m_commands; }
     void clear() { m_commands.clear(); }
 
@@ -122,6 +110,26 @@ public:
     /// Every command as its line, in order.
     std::vector<std::string> lines() const;
 
+protected:
+    std::vector<PaintCommand> m_commands;
+};
+
+/// A paint device that keeps what is painted on it.
+///
+///     PaintRecorder recorder(400, 300);
+///     QPainter painter(&recorder);
+///     widget.drawGraph(painter);
+///     painter.end();
+///     EXPECT_EQ(recorder.texts(), (QStringList{"卖一", "10.02"}));
+///     EXPECT_TRUE(recorder.text("10.02").standsIn(QRect(45, 10, 65, 20), Qt::AlignRight |
+///     Qt::AlignVCenter));
+class PaintRecorder : public QPaintDevice, public PaintRecording
+{
+public:
+    /// Logical pixels.
+    PaintRecorder(int width, int height);
+    ~PaintRecorder() override;
+
     QPaintEngine* paintEngine() const override;
 
 protected:
@@ -134,7 +142,6 @@ private:
     int m_width;
     int m_height;
     std::unique_ptr<Engine> m_engine;
-    std::vector<PaintCommand> m_commands;
 };
 
 } // namespace testing_support
