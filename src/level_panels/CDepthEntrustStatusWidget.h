@@ -1,0 +1,153 @@
+#pragma once
+
+#include "level_panels/LevelColumns.h"
+#include "level_panels/level_drawing.h"
+#include "platform/models/CModelEntrustStatus.h"
+#include "platform/toolkit/CBaseWidget.h"
+#include "records/CFormulaParam.h"
+#include "records/QuoterBase.h"
+
+#include <boost/function.hpp>
+#include <boost/shared_ptr.hpp>
+
+#include <QList>
+#include <QPixmap>
+#include <QRect>
+#include <QString>
+
+#include <vector>
+
+class QPainter;
+
+namespace Kel {
+
+/// The level quote of one instrument: sell levels from the farthest down to sell one, latest price and
+/// volume, and buy levels from buy one to the farthest, each with price, volume and change of volume. One,
+/// five or ten levels a side, as the market has them.
+///
+///     卖②        10.02        300    +20
+///     卖①        10.01        120     -5
+///     ----------------------------------
+///     最新        10.00   现手         12
+///     ----------------------------------
+///     买①        10.00         80
+///     买②         9.99        450    +10
+///
+/// What stays the same is painted on a pixmap, the numbers with every paint. A click marks a cell and trades
+/// nothing.
+///
+/// The ladder stands in the middle of the panel as the size is given; so a host gives the panel
+/// `getMinimumSizeHeight` after `setStock` and `setLevelStatus`.
+///
+/// Threads: `quoterCallBack` and `connectTickData` may be called on any thread while the panel lives;
+/// everything else belongs to the GUI thread.
+class CDepthEntrustStatusWidget : public Zeb::CBaseWidget
+{
+    Q_OBJECT
+
+public:
+    /// `tenLevels`: ten levels a side where the market allows a choice, else five.
+    CDepthEntrustStatusWidget(QWidget* parent, bool tenLevels);
+    ~CDepthEntrustStatusWidget() override;
+
+    /// Chooses the instrument by the code that the stock manager knows it by, takes the mark of the last
+    /// click away and fits the number of levels. The numbers stay until `clear`.
+    void setStock(const QString& code);
+
+    /// Forgets the quote; with `redraw` the panel shows that at once.
+    void clear(bool redraw);
+
+    /// 1 asks for five levels, any other status for ten, where the market allows a choice.
+    void setLevelStatus(int status);
+
+    /// Levels a side: 1, 5 or 10.
+    int getShelves() { return m_shelves; }
+
+    /// Pixels that all rows take.
+    int getMinimumSizeHeight() const { return (2 * m_shelves + 1) * m_rowHeight; }
+
+    /// Puts in what a subscription of the panel's quotes needs.
+    void getParams(CFormulaParam& params);
+
+    /// Takes depth snapshots and deals of this panel's instrument, see `CModelEntrustStatus`. The panel shows
+    /// what has changed if `force` is true, or for status 0 without records; otherwise the next paint does.
+    void quoterCallBack(int seq, int status,
+                        const std::vector<boost::shared_ptr<quoter::QuoterBase>>& records, bool force);
+
+    /// Joins two successive records with the shares traded between them, and shows the result.
+    void connectTickData(boost::shared_ptr<quoter::QuoterBase> before,
+                         boost::shared_ptr<quoter::QuoterBase> latest, long long shares);
+
+    /// Kept for hosts that treat both styles alike; this style calls neither.
+    void setPairParamFunc(boost::function<void(QString)> function);
+    void setCurrentTradeDateFunc(boost::function<int()> function);
+
+    void themeChanged() override;
+
+protected:
+    /// Whether the row under a point holds a price or level to trade by; if not, why not is put into
+    /// `message`.
+    bool doTradeFunc(int x, int y, QString& message);
+
+    /// Paints what stays the same into the pixmap.
+    void drawBackground();
+
+    /// The same with a painter in logical pixels from the panel's upper left corner.
+    void drawBackground(QPainter& painter);
+
+    /// Paints the numbers and the marked cells.
+    void drawForeground(QPainter* painter);
+
+    /// The cell under a point, null between cells; its y counts from the first row.
+    QRect getCursorRect(int x, int y);
+
+    const QColor* getPriceColor(double value, double base) const;
+
+    /// Fits levels and labels to the instrument's market.
+    void resetShelves();
+
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+
+    CModelEntrustStatus m_model;
+    bool m_tenLevels;
+    bool m_shown = false; ///< between show and hide
+    QPixmap m_background;
+    QRect m_panelRect;              ///< as of the last resize
+    QRect m_clickRect;              ///< cell of the last click
+    QRect m_hoverRect;              ///< cell under the mouse
+    const QList<QString>* m_labels; ///< one of the three below
+    QList<QString> m_labels1;
+    QList<QString> m_labels5;
+    QList<QString> m_labels10;
+    int m_shelves = 1;
+
+    // Sizes, pixels
+    int m_rowHeight = 20;
+    int m_labelWidth = 30;
+    int m_priceWidth = 65;
+    int m_volumeWidth = 55;
+    int m_deltaWidth = 40;
+    int m_spacing = 5;
+    int m_priceZoneWidth = 50;
+    int m_topY = 0; ///< y of the first row
+
+    boost::function<void(QString)> m_pairParamFunc;
+    boost::function<int()> m_currentTradeDateFunc;
+
+private:
+    LevelColumns columns() const;
+    std::vector<LevelRow> rows() const;
+    bool hasRoom() const { return m_panelRect.width() > 0 && m_panelRect.height() > 0; }
+
+    LevelColors m_colors;
+    LevelFonts m_fonts;
+};
+
+} // namespace Kel
