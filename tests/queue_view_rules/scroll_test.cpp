@@ -1,0 +1,557 @@
+// The scroll bar, the centre of the horizontal style and the wheel.
+
+#include "QueueViewFixture.h"
+
+#include <QWheelEvent>
+
+using namespace queue_view_rules;
+
+namespace {
+
+class Scroll : public QueueViewTest
+{
+protected:
+    /// Horizontal style at 600 x `height`, ten levels a side with a row each: centre 200, content 420.
+    void horizontal(int height = 200)
+    {
+        view.setStyle(3);
+        view.m_maxShowCount = 1000;
+        setPlainRows(10);
+        layOut(600, height);
+    }
+
+    /// List style at 600 x 100, ten levels with a row each: content 220, range 120.
+    void list()
+    {
+        view.setStyle(5);
+        setPlainRows(10);
+        layOut(600, 100);
+    }
+
+    void levelDataBack() { view.engine(&EngineProbe::m_bLevelDataBack) = true; }
+
+    bool wheel(int delta)
+    {
+        QWheelEvent event(QPointF(5, 5), view.mapToGlobal(QPointF(5, 5).toPoint()), QPoint(),
+                          QPoint(0, delta), Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
+        event.ignore();
+        view.wheelEvent(&event);
+        return event.isAccepted();
+    }
+};
+
+} // namespace
+
+// ---------------------------------------------------------------------------------------- updateScroll
+
+TEST_F(Scroll, ContentIsARowHigherThanItsRows)
+{
+    list();
+    EXPECT_EQ(view.m_rowCount, 10);
+    EXPECT_EQ(view.m_clientRealHeight, 220);
+    view.setClientRealHeight(5000);
+    EXPECT_EQ(view.m_clientRealHeight, 5000);
+    view.updateScroll(false);
+    EXPECT_EQ(view.m_clientRealHeight, 220);
+}
+
+TEST_F(Scroll, AnEmptyEngineHasNoRowsAndAHiddenBar)
+{
+    layOut(600, 100);
+    view.updateAll();
+    EXPECT_EQ(view.m_rowCount, 0);
+    EXPECT_EQ(view.m_clientRealHeight, 20);
+    EXPECT_FALSE(barShown());
+}
+
+TEST_F(Scroll, TheBarStandsAtTheRightEdgeInTheClientsHeight)
+{
+    list();
+    EXPECT_EQ(view.m_scrollBar->geometry(), QRect(594, 0, 6, 100));
+    view.resize(500, 90);
+    view.updateScroll(false);
+    EXPECT_EQ(view.m_clientRect, QRect(0, 0, 500, 90));
+    EXPECT_EQ(view.m_scrollBar->geometry(), QRect(494, 0, 6, 90));
+}
+
+TEST_F(Scroll, ContentOfTheClientsHeightNeedsNoBar)
+{
+    list();
+    layOut(600, 220);
+    EXPECT_FALSE(barShown());
+    layOut(600, 219);
+    EXPECT_TRUE(barShown());
+    EXPECT_EQ(view.m_scrollBar->maximum(), 1);
+}
+
+TEST_F(Scroll, ContentThatFitsAgainTakesTheSliderToTheTopAndHidesTheBar)
+{
+    view.show();
+    list();
+    setSlider(70);
+    ASSERT_TRUE(barShown());
+    ASSERT_EQ(view.m_scrollTop, 70);
+    setPlainRows(2);
+    EXPECT_TRUE(updates([this] { view.drawGraph(); }));
+    EXPECT_FALSE(barShown());
+    EXPECT_EQ(view.m_scrollBar->maximum(), 0);
+    EXPECT_EQ(slider(), 0);
+    EXPECT_EQ(view.m_scrollTop, 0);
+    EXPECT_EQ(view.m_scrollPos, 0);
+    EXPECT_TRUE(view.m_userScroll);
+}
+
+TEST_F(Scroll, ContentThatFitsIsDrawnByItself)
+{
+    list();
+    setPlainRows(2);
+    view.m_rowCount = 2;
+    EXPECT_TRUE(redraws([this] { view.updateScroll(false); }));
+}
+
+TEST_F(Scroll, TheRangeIsWhatDoesNotFit)
+{
+    list();
+    EXPECT_TRUE(barShown());
+    EXPECT_EQ(view.m_scrollBar->minimum(), 0);
+    EXPECT_EQ(view.m_scrollBar->maximum(), 120);
+}
+
+TEST_F(Scroll, TheLastPositionIsClampedIntoTheRange)
+{
+    list();
+    view.m_scrollPos = 5000;
+    view.updateScroll(false);
+    EXPECT_LE(view.m_scrollPos, 120);
+    view.m_scrollPos = -5;
+    view.updateScroll(false);
+    EXPECT_GE(view.m_scrollPos, 0);
+}
+
+TEST_F(Scroll, TheSliderStaysUnlessItsShareIsToBeKept)
+{
+    list();
+    setSlider(50);
+    view.m_scrollPos = 100;
+    view.updateScroll(false);
+    EXPECT_EQ(slider(), 50);
+    view.m_scrollPos = 100;
+    view.updateScroll(true);
+    EXPECT_EQ(slider(), 54); // 100 / 220 * 120 = 54.5, cut
+    EXPECT_TRUE(view.m_userScroll);
+}
+
+TEST_F(Scroll, TheClampedPositionGivesTheShare)
+{
+    list();
+    view.m_scrollPos = 5000; // clamped to 120
+    view.updateScroll(true);
+    EXPECT_EQ(slider(), 65); // 120 / 220 * 120 = 65.4, cut
+}
+
+TEST_F(Scroll, ABarThatWasHiddenIsShownAndThePictureKnowsIt)
+{
+    list();
+    EXPECT_TRUE(barShown());
+    EXPECT_EQ(view.m_scrollPos, slider());
+    setSlider(40);
+    EXPECT_EQ(view.m_scrollPos, 40);
+}
+
+TEST_F(Scroll, AHiddenBarCountsAsPositionZero)
+{
+    list();
+    setSlider(40);
+    view.m_scrollBar->hide();
+    view.m_scrollPos = 33;
+    view.drawGraph();
+    EXPECT_EQ(view.m_scrollPos, 0);
+}
+
+TEST_F(Scroll, TheFirstUpdateAfterTheLevelDataIsBackCentresOnce)
+{
+    horizontal();
+    ASSERT_EQ(slider(), 100);
+    view.m_needCenter = true;
+    view.m_centerOffset = 30;
+    setSlider(160);
+    view.m_centerOffset = 30;
+
+    view.updateScroll(false);
+    EXPECT_EQ(slider(), 160) << "the level data is not back yet";
+    EXPECT_TRUE(view.m_needCenter);
+    EXPECT_EQ(view.m_centerOffset, 30);
+
+    levelDataBack();
+    view.updateScroll(false);
+    EXPECT_EQ(slider(), 100);
+    EXPECT_EQ(view.m_centerOffset, 0);
+    EXPECT_FALSE(view.m_needCenter);
+    EXPECT_TRUE(view.m_userScroll);
+
+    setSlider(160);
+    view.updateScroll(false);
+    EXPECT_EQ(slider(), 160) << "once is enough";
+}
+
+TEST_F(Scroll, CentringGoesBeforeKeepingTheShare)
+{
+    horizontal();
+    setSlider(160);
+    view.m_needCenter = true;
+    levelDataBack();
+    view.updateScroll(true);
+    EXPECT_EQ(slider(), 100);
+}
+
+TEST_F(Scroll, OtherStylesKeepTheWishForTheCentre)
+{
+    list();
+    view.m_needCenter = true;
+    levelDataBack();
+    setSlider(50);
+    view.updateScroll(false);
+    EXPECT_TRUE(view.m_needCenter);
+    EXPECT_EQ(slider(), 50);
+}
+
+TEST_F(Scroll, TheRecentreFlagCentresAndIsCleared)
+{
+    horizontal();
+    setSlider(160);
+    view.m_model.m_bLevelArrived = true;
+    view.updateScroll(false);
+    EXPECT_EQ(slider(), 100);
+    EXPECT_EQ(view.m_centerOffset, 0);
+    EXPECT_FALSE(view.m_model.m_bLevelArrived);
+}
+
+TEST_F(Scroll, TheRecentreFlagIsClearedInOtherStylesAndEndsTheWish)
+{
+    list();
+    setSlider(50);
+    view.m_centerOffset = 30;
+    view.m_needCenter = true;
+    view.m_model.m_bLevelArrived = true;
+    view.updateScroll(true);
+    EXPECT_EQ(slider(), 50) << "neither centred nor moved to its share";
+    EXPECT_EQ(view.m_centerOffset, 0);
+    EXPECT_FALSE(view.m_needCenter);
+    EXPECT_FALSE(view.m_model.m_bLevelArrived);
+}
+
+TEST_F(Scroll, TheRecentreFlagStaysWhileTheContentFits)
+{
+    horizontal(600);
+    view.m_model.m_bLevelArrived = true;
+    view.m_needCenter = true;
+    view.m_centerOffset = 30;
+    view.updateScroll(false);
+    EXPECT_TRUE(view.m_model.m_bLevelArrived);
+    EXPECT_TRUE(view.m_needCenter);
+}
+
+TEST_F(Scroll, ADrawnPictureTakesTheRecentreFlagIntoTheScroll)
+{
+    horizontal();
+    setSlider(160);
+    view.drawGraph();
+    EXPECT_EQ(slider(), 160) << "neither rows nor flag have changed";
+    view.m_model.m_bLevelArrived = true;
+    view.drawGraph();
+    EXPECT_EQ(slider(), 100);
+    EXPECT_FALSE(view.m_model.m_bLevelArrived);
+}
+
+// ---------------------------------------------------------------------------------------- setScrollCenter
+
+TEST_F(Scroll, TheCentreStandsInTheMiddleOfTheClient)
+{
+    horizontal();
+    setSlider(0);
+    view.setScrollCenter();
+    EXPECT_EQ(view.m_centerY, 200);
+    EXPECT_EQ(slider(), 100);
+    EXPECT_TRUE(view.m_userScroll);
+}
+
+TEST_F(Scroll, HalfAnOddClientIsCut)
+{
+    horizontal(201);
+    EXPECT_EQ(slider(), 100);
+}
+
+TEST_F(Scroll, TheUsersOffsetIsKept)
+{
+    horizontal();
+    view.m_centerOffset = 30;
+    view.setScrollCenter();
+    EXPECT_EQ(slider(), 70);
+    EXPECT_EQ(view.m_centerOffset, 30);
+    view.m_centerOffset = -45;
+    view.setScrollCenter();
+    EXPECT_EQ(slider(), 145);
+    EXPECT_EQ(view.m_centerOffset, -45);
+}
+
+TEST_F(Scroll, TheOffsetIsCutAtTheTop)
+{
+    horizontal();
+    view.m_centerOffset = 150;
+    view.setScrollCenter();
+    EXPECT_EQ(slider(), 0);
+    EXPECT_EQ(view.m_centerOffset, 100);
+}
+
+TEST_F(Scroll, TheOffsetIsCutAtTheBottom)
+{
+    horizontal();
+    view.m_centerOffset = -200;
+    view.setScrollCenter();
+    EXPECT_EQ(slider(), 220);
+    EXPECT_EQ(view.m_centerOffset, -120);
+}
+
+TEST_F(Scroll, WithoutSellsTheCentreIsTheTopAndTheOffsetStays)
+{
+    horizontal();
+    view.m_centerY = 0;
+    view.m_centerOffset = 50;
+    view.setScrollCenter();
+    EXPECT_EQ(slider(), 0);
+    EXPECT_EQ(view.m_centerOffset, 50);
+}
+
+TEST_F(Scroll, OtherStylesHaveNoCentre)
+{
+    list();
+    setSlider(50);
+    view.m_centerY = 200;
+    view.m_centerOffset = 7;
+    view.setScrollCenter();
+    EXPECT_EQ(slider(), 50);
+    EXPECT_EQ(view.m_centerOffset, 7);
+}
+
+TEST_F(Scroll, ContentThatFitsLeavesAnOffsetAboveTheMiddle)
+{
+    horizontal(600);
+    EXPECT_FALSE(barShown());
+    EXPECT_EQ(slider(), 0);
+    EXPECT_EQ(view.m_centerOffset, -100); // centre 200 less half of 600
+}
+
+TEST_F(Scroll, ThePanelsOwnMovesLeaveTheOffsetAlone)
+{
+    horizontal();
+    setSlider(160);
+    ASSERT_EQ(view.m_centerOffset, -60);
+    view.m_centerOffset = 10;
+    view.setScrollCenter();
+    EXPECT_EQ(slider(), 90);
+    EXPECT_EQ(view.m_scrollTop, 90);
+    EXPECT_EQ(view.m_centerOffset, 10);
+}
+
+TEST_F(Scroll, ARangeThatShrinksLeavesTheOffsetAlone)
+{
+    horizontal();
+    setSlider(220);
+    ASSERT_EQ(view.m_centerOffset, -120);
+    setPlainRows(5); // centre 100, content 220, range 20
+    view.drawGraph();
+    EXPECT_EQ(view.m_scrollBar->maximum(), 20);
+    EXPECT_EQ(slider(), 20);
+    EXPECT_EQ(view.m_centerOffset, -20);
+}
+
+TEST_F(Scroll, TheUsersDistanceFromTheCentreIsKeptWhenRowsCome)
+{
+    horizontal();
+    setSlider(120);
+    ASSERT_EQ(view.m_centerOffset, -20);
+    setPlainRows(10, 7); // two rows each: centre 400
+    view.drawGraph();
+    EXPECT_EQ(view.m_centerY, 400);
+    EXPECT_EQ(slider(), 320);
+    EXPECT_EQ(view.m_scrollTop, 320);
+    EXPECT_EQ(view.m_centerOffset, -20);
+}
+
+// ---------------------------------------------------------------------------------------- event 15
+
+TEST_F(Scroll, AMoveByHandIsKeptAsDistanceFromTheCentre)
+{
+    horizontal();
+    ASSERT_EQ(view.m_scrollTop, 100);
+    setSlider(130);
+    EXPECT_EQ(view.m_scrollTop, 130);
+    EXPECT_EQ(view.m_centerOffset, -30);
+    setSlider(90);
+    EXPECT_EQ(view.m_centerOffset, 10);
+}
+
+TEST_F(Scroll, AMoveAwayFromTheTopAddsNothing)
+{
+    horizontal();
+    setSlider(0);
+    ASSERT_EQ(view.m_scrollTop, 0);
+    view.m_centerOffset = 5;
+    setSlider(40);
+    EXPECT_EQ(view.m_scrollTop, 40);
+    EXPECT_EQ(view.m_centerOffset, 5);
+}
+
+TEST_F(Scroll, AMoveInAnotherStyleAddsNothing)
+{
+    list();
+    setSlider(30);
+    setSlider(50);
+    EXPECT_EQ(view.m_scrollTop, 50);
+    EXPECT_EQ(view.m_centerOffset, 0);
+}
+
+TEST_F(Scroll, AMoveThatIsNotTheUsersAddsNothing)
+{
+    horizontal();
+    view.m_userScroll = false;
+    setSlider(130);
+    EXPECT_EQ(view.m_scrollTop, 130);
+    EXPECT_EQ(view.m_centerOffset, 0);
+}
+
+TEST_F(Scroll, AMoveDrawsAndShowsANewPicture)
+{
+    view.show();
+    list();
+    EXPECT_TRUE(redraws([this] { setSlider(30); }));
+    EXPECT_TRUE(updates([this] { setSlider(31); }));
+}
+
+TEST_F(Scroll, RowsFollowTheEventAndNotTheSlider)
+{
+    horizontal();
+    const int before = view.getCurTop(0, Kel::OQT_BUY);
+    view.m_scrollBar->blockSignals(true);
+    setSlider(150);
+    view.m_scrollBar->blockSignals(false);
+    view.drawGraph();
+    EXPECT_EQ(view.getCurTop(0, Kel::OQT_BUY), before);
+    EXPECT_EQ(view.m_scrollPos, 150);
+    EXPECT_EQ(view.m_scrollTop, 100);
+    view.handleEvent(15, 0, 0, QString(), nullptr);
+    EXPECT_EQ(view.m_scrollTop, 150);
+    EXPECT_EQ(view.getCurTop(0, Kel::OQT_BUY), before - 50);
+}
+
+// ---------------------------------------------------------------------------------------- wheel
+
+TEST_F(Scroll, TheWheelMovesTheSliderByItsDelta)
+{
+    list();
+    setSlider(60);
+    wheel(20);
+    EXPECT_EQ(slider(), 40);
+    EXPECT_EQ(view.m_scrollTop, 40);
+    wheel(-50);
+    EXPECT_EQ(slider(), 90);
+    wheel(120);
+    EXPECT_EQ(slider(), 0);
+}
+
+TEST_F(Scroll, TheWheelStartsFromTheScrollOfThePicture)
+{
+    list();
+    setSlider(60);
+    view.m_scrollTop = 25;
+    wheel(10);
+    EXPECT_EQ(slider(), 15);
+}
+
+TEST_F(Scroll, TheWheelIsTheUsers)
+{
+    horizontal();
+    view.m_userScroll = false;
+    wheel(-30);
+    EXPECT_TRUE(view.m_userScroll);
+    EXPECT_EQ(slider(), 130);
+    EXPECT_EQ(view.m_centerOffset, -30);
+}
+
+TEST_F(Scroll, TheWheelMovesNothingWithAHiddenBar)
+{
+    list();
+    setSlider(60);
+    view.m_scrollBar->hide();
+    view.m_userScroll = false;
+    wheel(20);
+    EXPECT_EQ(slider(), 60);
+    EXPECT_FALSE(view.m_userScroll);
+}
+
+TEST_F(Scroll, AWheelEventStaysInThePanelIfItIsBlocked)
+{
+    list();
+    EXPECT_TRUE(wheel(20));
+    view.setBlockExceededWheel(false);
+    EXPECT_FALSE(wheel(20));
+    EXPECT_EQ(slider(), 0);
+    view.m_scrollBar->hide();
+    EXPECT_FALSE(wheel(20));
+    view.setBlockExceededWheel(true);
+    EXPECT_TRUE(wheel(20)) << "also without a bar";
+}
+
+// ---------------------------------------------------------------------------------------- layout
+
+TEST_F(Scroll, ALayoutTakesTheSizeOfTheWidget)
+{
+    view.m_layoutDone = false;
+    layOut(444, 255);
+    EXPECT_TRUE(view.m_layoutDone);
+    EXPECT_EQ(view.m_clientRect, QRect(0, 0, 444, 255));
+    EXPECT_EQ(view.m_visibleRows, 12);
+    EXPECT_EQ(view.m_pixmap.size(), QSize(444, 255) * view.m_pixmap.devicePixelRatio());
+    EXPECT_EQ(view.m_scrollBar->pageStep(), 255);
+    EXPECT_EQ(view.m_scrollBar->geometry(), QRect(438, 0, 6, 255));
+}
+
+TEST_F(Scroll, ALayoutForgetsTheUsersOffsetAndCentres)
+{
+    horizontal();
+    setSlider(160);
+    view.resetLayout();
+    EXPECT_EQ(view.m_centerOffset, 0);
+    EXPECT_EQ(slider(), 100);
+}
+
+TEST_F(Scroll, ALayoutDrawsAndShowsThePicture)
+{
+    view.show();
+    EXPECT_TRUE(updates([this] { view.resetLayout(); }));
+    view.m_pixmap.fill(Qt::magenta);
+    view.resetLayout();
+    EXPECT_EQ(view.m_pixmap.toImage().pixelColor(5, 5), themeColor("ic_clr_graph_kline_bg"));
+}
+
+TEST_F(Scroll, AResizeLaysThePanelOut)
+{
+    view.show();
+    view.resize(450, 260);
+    QApplication::processEvents();
+    EXPECT_EQ(view.m_clientRect, QRect(0, 0, 450, 260));
+    EXPECT_EQ(view.m_visibleRows, 13);
+    EXPECT_EQ(view.m_scrollBar->pageStep(), 260);
+}
+
+TEST_F(Scroll, ClearForgetsTheOffsetEmptiesTheEngineAndRepaintsNothing)
+{
+    horizontal();
+    setSlider(160);
+    view.engine(&EngineProbe::m_strHeader) = "text";
+    EXPECT_FALSE(redraws([this] { view.clear(); }));
+    EXPECT_EQ(view.m_centerOffset, 0);
+    EXPECT_FALSE(view.m_model.at(0, Kel::OQT_SELL));
+    EXPECT_EQ(view.m_model.headerText(), QString());
+    EXPECT_EQ(slider(), 160);
+}
