@@ -5,12 +5,14 @@
 #include "platform/utils/CSingletonT.h"
 
 #include <QAbstractSpinBox>
+#include <QLineEdit>
 
 namespace Zeb {
 
 namespace {
 constexpr int kEventPressed = 5;
-}
+const QString kFontKey = QStringLiteral("fnt_default_normal");
+} // namespace
 
 CBaseDialog::CBaseDialog(QWidget* parent) : CEventWidgetT<QDialog>(parent), CEventDeliverer(this)
 {
@@ -39,8 +41,8 @@ void CBaseDialog::reject()
 
 void CBaseDialog::themeChanged()
 {
-    setFont(*utils::CSingletonT<CUiResource>::instance().getFont(QStringLiteral("fnt_default_normal")));
-    setStyleSheet(windowSheet());
+    setFont(*utils::CSingletonT<CUiResource>::instance().getFont(kFontKey));
+    giveSheet(this, windowSheet());
     giveFontToEditors();
     update();
 }
@@ -48,8 +50,12 @@ void CBaseDialog::themeChanged()
 void CBaseDialog::giveFontToEditors()
 {
     // A widget under a style sheet does not take its parent's font by itself.
-    for (auto* editor : findChildren<QAbstractSpinBox*>())
-        editor->setFont(font());
+    const QFont& font = *utils::CSingletonT<CUiResource>::instance().getFont(kFontKey);
+    for (auto* editor : findChildren<QAbstractSpinBox*>()) {
+        editor->setFont(font);
+        for (auto* line : editor->findChildren<QLineEdit*>())
+            line->setFont(font);
+    }
 }
 
 void CBaseDialog::showEvent(QShowEvent* event)

@@ -38,7 +38,7 @@ void CComboBox::addColorItem(const QString& colorKey, const QString& name)
 void CComboBox::themeChanged()
 {
     setFont(*resource().getFont(QStringLiteral("fnt_default_normal")));
-    setStyleSheet(comboBoxSheet());
+    giveSheet(this, comboBoxSheet());
     for (int index = 0; index < count(); ++index) {
         const QString colorKey = itemData(index, kColorKeyRole).toString();
         if (!colorKey.isEmpty())

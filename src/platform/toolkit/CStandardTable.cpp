@@ -177,7 +177,7 @@ void CStandardTable::themeChanged()
 
 void CStandardTable::applyColors()
 {
-    setStyleSheet(tableSheet(m_cellsKey, m_numbersKey, m_headerColorKey));
+    giveSheet(this, tableSheet(m_cellsKey, m_numbersKey, m_headerColorKey));
 }
 
 void CStandardTable::keyPressEvent(QKeyEvent* event)

@@ -4,6 +4,7 @@
 #include "platform/utils/CSingletonT.h"
 
 #include <QRegularExpression>
+#include <QWidget>
 
 namespace Zeb {
 
@@ -50,6 +51,7 @@ const QString kSpinBox =
     QStringLiteral("QAbstractSpinBox {color: @clr_edit_text@; background: @clr_edit_background@;"
                    " border: 1px solid @clr_edit_border@; border-radius: 2px; padding: 0px 2px;"
                    " selection-color: @clr_edit_text@; selection-background-color: @clr_edit_selection@;}"
+                   "QAbstractSpinBox QLineEdit {border: none; background: transparent; padding: 0px;}"
                    "QAbstractSpinBox:focus {border-color: @clr_focus@;}"
                    "QAbstractSpinBox:disabled {color: @clr_button_text_disabled@;}"
                    "QAbstractSpinBox::up-button, QAbstractSpinBox::down-button"
@@ -180,6 +182,14 @@ QString windowSheet()
            tableSheet(QStringLiteral("ic_clr_table_background"),
                       QStringLiteral("ic_clr_table_number_background"),
                       QStringLiteral("ic_clr_table_text_default"));
+}
+
+void giveSheet(QWidget* widget, const QString& sheet)
+{
+    widget->ensurePolished();
+    for (QWidget* child : widget->findChildren<QWidget*>())
+        child->ensurePolished();
+    widget->setStyleSheet(sheet);
 }
 
 QPalette themePalette()
