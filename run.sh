@@ -1,49 +1,77 @@
 #!/usr/bin/env bash
-# Builds the program `depth` and shows what it does.
+# Builds the programs and opens the terminal's window on a day.
 #
-#   ./run.sh            a simulated day as it runs, then a recorded day if ../shared/data has one
-#   ./run.sh ARGS...    depth ARGS...   (./run.sh --help)
+#   ./run.sh                 a simulated day, from the open on
+#   ./run.sh ARGS...         depth-terminal ARGS...   (./run.sh --help)
+#   ./run.sh depth ARGS...   the command line program: depth ARGS...   (./run.sh depth --help)
 #
-# DEPTH_SHARED_DATA names another folder of recorded days.
+# Without a display it writes pictures of the window into ./pictures: as ARGS say, or without any in both themes,
+# of the simulated day and of a recorded day if ../shared/data has one. DEPTH_SHARED_DATA names another folder of
+# recorded days.
 set -euo pipefail
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 
 say() { echo "== $*" >&2; }
 
+program=depth-terminal
+if [[ "${1:-}" == "depth" ]]; then
+  program=depth
+  shift
+fi
+
 "$here/scripts/install-dependencies.sh" >&2
-# A folder of its own, since tests and benchmarks want packages that the program does not.
+# A folder of its own, since tests and benchmarks want packages that the programs do not.
 build="$here/build/run"
-say "building depth (build/run)"
+say "building $program (build/run)"
 log=$(mktemp)
-work=
-cleanup() { rm -rf "$log" ${work:+"$work"}; }
-trap cleanup EXIT
+trap 'rm -f "$log"' EXIT
 if ! { (cd "$here" && cmake --preset release -B "$build" -DDEPTH_BUILD_TESTS=OFF -DDEPTH_BUILD_BENCHMARKS=OFF) &&
-       cmake --build "$build" --target depth; } >"$log" 2>&1; then
+       cmake --build "$build" --target "$program"; } >"$log" 2>&1; then
   cat "$log" >&2
   say "the build failed"
   exit 2
 fi
-depth="$build/apps/depth/depth"
+binary="$build/apps/$program/$program"
 
-if (($# > 0)); then
-  cleanup
-  exec "$depth" "$@"
+# Whether the arguments open a window at all.
+opens_window() {
+  [[ "$program" == "depth-terminal" ]] || return 1
+  local argument
+  for argument in "$@"; do
+    case "$argument" in
+      --shot | --shot=* | -h | --help | --version) return 1 ;;
+    esac
+  done
+}
+
+if ! opens_window "$@" || [[ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}${QT_QPA_PLATFORM:-}" ]]; then
+  rm -f "$log"
+  exec "$binary" "$@"
 fi
 
-say "a simulated day from 09:25 to the close, in some ten seconds"
-"$depth" show --seed 7 --speed 1450 --from 09:25 --orders 8 --levels 5
-
-data=${DEPTH_SHARED_DATA:-$here/../shared/data}
-day="$data/600519-20230201"
-if [[ ! -d "$day" ]]; then
-  say "no recorded day at $day: done"
+pictures="$PWD/pictures"
+say "no display here: writing pictures of the window into $pictures"
+mkdir -p "$pictures"
+shots() { # NAME ARGS...: one picture in each theme
+  local name=$1 theme
+  shift
+  for theme in dark light; do
+    "$binary" --at 10:30 "$@" --theme "$theme" --shot "$pictures/$name-$theme.png"
+    say "$pictures/$name-$theme.png"
+  done
+}
+if (($# > 0)); then
+  "$binary" "$@" --shot "$pictures/terminal.png"
+  say "$pictures/terminal.png"
   exit 0
 fi
-work=$(mktemp -d)
-say "importing the recorded day $day"
-"$depth" import auto "$day" --out "$work/day"
-say "its queue at three moments"
-"$depth" show --day "$work/day" --at 09:25:03,10:30,15:00:05 --orders 10
-say "the rebuilt queue against every published snapshot"
-"$depth" verify --day "$work/day"
+shots simulated --mode ten,first
+shots simulated-horizontal --mode ten,horizontal
+shots simulated-list --mode ten,list,full
+day="${DEPTH_SHARED_DATA:-$here/../shared/data}/600519-20230201"
+if [[ -d "$day" ]]; then
+  shots recorded --import auto "$day" --mode ten,first
+  shots recorded-vertical --import auto "$day" --mode ten,vertical,full
+else
+  say "no recorded day at $day"
+fi

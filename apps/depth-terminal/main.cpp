@@ -28,6 +28,13 @@ void prepareQt(const host::TerminalOptions& options)
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
 }
 
+/// What Qt has to remark on the desktop's folders says nothing about the day, and errors are single lines.
+void dropRemarksOnFolders(QtMsgType type, const QMessageLogContext& context, const QString& text)
+{
+    if (!text.startsWith(QLatin1String("QStandardPaths:")))
+        std::cerr << qFormatLogMessage(type, context, text).toStdString() << '\n';
+}
+
 /// Qt itself would end the process with a signal when no display answers.
 bool displayIsMissing()
 {
@@ -47,6 +54,7 @@ int main(int argc, char** argv)
     if (options.shot.isEmpty() && displayIsMissing())
         return host::fail(std::cerr, "no display; --shot FILE.png makes a picture without one");
 
+    qInstallMessageHandler(dropRemarksOnFolders);
     prepareQt(options);
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("depth-terminal"));

@@ -157,8 +157,8 @@ void DaySlider::drawMarks(QPainter& painter) const
         painter.drawLine(x, kMarkTop, x, kMarkTop + kMarkLength);
         const QString text = utils::clockText(mark, false).left(5);
         const int textWidth = metrics.horizontalAdvance(text);
-        const int left = x - textWidth / 2;
-        if (left < free || left + textWidth > width())
+        const int left = std::min(x - textWidth / 2, width() - textWidth);
+        if (left < free)
             continue;
         painter.setPen(themeColor(kTextColor));
         painter.drawText(left, kMarkTop + kMarkLength + metrics.ascent(), text);

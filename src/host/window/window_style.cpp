@@ -34,7 +34,7 @@ QMenu::item:selected { background: %8; }
 QMenu::item:disabled { color: %5; }
 QMenu::separator { height: 1px; background: %3; margin: 4px 8px; }
 QMenu::indicator { width: 14px; height: 14px; left: 5px; }
-QMenu::indicator:checked { image: %17; }
+QMenu::indicator:checked { %17; }
 QToolBar { background: %2; border: 0; border-bottom: 1px solid %3; spacing: 2px; padding: 3px 8px; }
 QToolBar::separator { width: 1px; background: %3; margin: 4px 8px; }
 QToolButton { color: %4; background: transparent; border: 1px solid transparent; border-radius: 4px;
@@ -58,14 +58,13 @@ QComboBox { background: %9; color: %4; border: 1px solid %3; border-radius: 4px;
             min-width: 44px; }
 QComboBox:focus { border-color: %6; }
 QComboBox::drop-down { border: 0; width: 16px; }
-QComboBox::down-arrow { image: %16; width: 10px; height: 10px; }
+QComboBox::down-arrow { %16; width: 10px; height: 10px; }
 QComboBox QAbstractItemView { background: %13; color: %4; border: 1px solid %3; outline: 0;
                               selection-background-color: %8; selection-color: %4; }
 QTableView { background: %1; color: %4; border: 0; outline: 0; selection-background-color: %7; }
 QTableView::item { padding: 0 6px; border: 0; }
 QTableView::item:hover { background: %8; }
 QTableView::item:selected { background: %7; }
-QTableView:focus { border-left: 2px solid %6; }
 QHeaderView { background: %2; border: 0; }
 QHeaderView::section { background: %2; color: %5; border: 0; border-bottom: 1px solid %3; padding: 4px 6px; }
 QProgressBar { background: %9; color: %4; border: 1px solid %3; border-radius: 4px; text-align: center;
@@ -108,7 +107,7 @@ QString windowStyleSheet()
     sheet.replace(QLatin1String("%16"), theme().getImageSheet(QStringLiteral("img_combo_arrow")));
     const char* const keys[] = {
         "clr_window_background",
-        "kel_clr_depth_module_group_base_widget_header_bg",
+        "clr_dialog_title_background",
         "kel_clr_depth_module_group_base_widget_split_line",
         "clr_window_text",
         "clr_window_text_soft",

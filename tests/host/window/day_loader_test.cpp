@@ -1,0 +1,153 @@
+// Loading off the GUI thread.
+
+#include "host/window/DayLoader.h"
+
+#include "host/window/WindowFixture.h"
+
+#include <gtest/gtest.h>
+
+#include <QTemporaryDir>
+
+namespace window_tests {
+namespace {
+
+class Loader : public ::testing::Test
+{
+protected:
+    Loader()
+    {
+        QObject::connect(&loader, &host::DayLoader::listed, &loader,
+                         [this](const auto& instruments) { listed = instruments; });
+        QObject::connect(&loader, &host::DayLoader::loaded, &loader,
+                         [this](int index, const host::DayPtr& day) {
+                             loaded.push_back(index);
+                             last = day;
+                         });
+        QObject::connect(&loader, &host::DayLoader::priced, &loader,
+                         [this](int index, const host::PriceSeriesPtr& prices) {
+                             priced.push_back(index);
+                             EXPECT_FALSE(prices->empty());
+                         });
+        QObject::connect(&loader, &host::DayLoader::failed, &loader,
+                         [this](const QString& reason) { failures << reason; });
+        QObject::connect(&loader, &host::DayLoader::cancelled, &loader, [this] { ++cancels; });
+        QObject::connect(&loader, &host::DayLoader::progress, &loader, [this](qint64 done, qint64 total) {
+            ++progresses;
+            EXPECT_LE(done, total);
+        });
+    }
+
+    host::DayLoader loader;
+    std::vector<nelservice::CInstrumentDetail> listed;
+    std::vector<int> loaded;
+    std::vector<int> priced;
+    host::DayPtr last;
+    QStringList failures;
+    int cancels = 0;
+    int progresses = 0;
+};
+
+TEST_F(Loader, ListsAndLoadsTheFirstInstrumentThenPricesTheOthers)
+{
+    loader.open(smallSource());
+    ASSERT_TRUE(waitUntil([&] { return !loaded.empty(); }));
+    EXPECT_EQ(listed.size(), host::simulatedKinds().size());
+    EXPECT_EQ(loaded, std::vector<int>{0});
+    EXPECT_EQ(last->detail.code, listed[0].code);
+    ASSERT_TRUE(waitUntil([&] { return priced.size() == listed.size(); }));
+    EXPECT_EQ(priced, (std::vector<int>{0, 1, 2, 3, 4, 5}));
+    EXPECT_EQ(loaded.size(), 1U) << "prices alone load nothing";
+    EXPECT_GT(progresses, 0);
+    EXPECT_TRUE(failures.isEmpty());
+}
+
+TEST_F(Loader, LoadsTheInstrumentThatIsAskedFor)
+{
+    host::DaySource source = smallSource();
+    source.instrument = "fund";
+    loader.open(source);
+    ASSERT_TRUE(waitUntil([&] { return !loaded.empty(); }));
+    EXPECT_EQ(loaded.back(), 3);
+    loader.load(1);
+    ASSERT_TRUE(waitUntil([&] { return loaded.size() == 2; }));
+    EXPECT_EQ(loaded.back(), 1);
+    EXPECT_EQ(last->detail.code, "003999");
+}
+
+TEST_F(Loader, OnlyTheLastWishCounts)
+{
+    loader.open(smallSource());
+    ASSERT_TRUE(waitUntil([&] { return !loaded.empty(); }));
+    loaded.clear();
+    for (const int index : {1, 2, 3, 4})
+        loader.load(index);
+    ASSERT_TRUE(waitUntil([&] { return !loaded.empty(); }));
+    letRun(100);
+    EXPECT_EQ(loaded, std::vector<int>{4});
+}
+
+TEST_F(Loader, GivesUpAndCanLoadAgain)
+{
+    loader.open(smallSource());
+    ASSERT_TRUE(waitUntil([&] { return !loaded.empty(); }));
+    loaded.clear();
+    loader.load(2);
+    loader.cancel();
+    EXPECT_EQ(cancels, 1);
+    letRun(100);
+    EXPECT_TRUE(loaded.empty());
+    EXPECT_TRUE(failures.isEmpty());
+    loader.load(2);
+    ASSERT_TRUE(waitUntil([&] { return !loaded.empty(); }));
+    EXPECT_EQ(loaded, std::vector<int>{2});
+}
+
+TEST_F(Loader, TellsWhyASourceCannotBeOpenedAndKeepsTheOldOne)
+{
+    loader.open(smallSource());
+    ASSERT_TRUE(waitUntil([&] { return !loaded.empty(); }));
+    host::DaySource missing;
+    missing.archive = "/nowhere";
+    loader.open(missing);
+    ASSERT_TRUE(waitUntil([&] { return !failures.isEmpty(); }));
+    EXPECT_EQ(failures, QStringList(QStringLiteral("/nowhere: no such folder")));
+    loader.load(1);
+    ASSERT_TRUE(waitUntil([&] { return loaded.size() == 2; }));
+    EXPECT_EQ(loaded.back(), 1);
+}
+
+TEST_F(Loader, TellsWhyAnInstrumentCannotBeLoaded)
+{
+    loader.open(smallSource());
+    ASSERT_TRUE(waitUntil([&] { return !loaded.empty(); }));
+    loader.load(77);
+    ASSERT_TRUE(waitUntil([&] { return !failures.isEmpty(); }));
+    EXPECT_EQ(loaded.size(), 1U);
+}
+
+TEST_F(Loader, ReadsAnArchive)
+{
+    const QTemporaryDir folder;
+    host::DaySource source;
+    source.archive = writeArchive(folder, 2);
+    loader.open(source);
+    ASSERT_TRUE(waitUntil([&] { return priced.size() == 2; }));
+    EXPECT_EQ(loaded, std::vector<int>{0});
+}
+
+TEST(LoaderEnd, DoesNotWaitForALongLoad)
+{
+    host::DaySource source;
+    source.simulated = true;
+    source.orders = 2000000; // a minute and more
+    bool progress = false;
+    {
+        host::DayLoader loader;
+        QObject::connect(&loader, &host::DayLoader::progress, &loader, [&] { progress = true; });
+        loader.open(source);
+        ASSERT_TRUE(waitUntil([&] { return progress; }));
+    }
+}
+
+} // namespace
+} // namespace window_tests

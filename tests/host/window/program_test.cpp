@@ -1,0 +1,127 @@
+// The program: arguments, errors, pictures.
+
+#include "host/RunProgram.h"
+#include "host/window/WindowFixture.h"
+
+#include <gtest/gtest.h>
+
+#include <QImage>
+#include <QTemporaryDir>
+
+namespace window_tests {
+namespace {
+
+using testing_support::ProgramRun;
+using testing_support::runProgram;
+
+ProgramRun run(const QStringList& arguments)
+{
+    // Nothing may depend on a display.
+    return runProgram(arguments,
+                      {QStringLiteral("DISPLAY="), QStringLiteral("WAYLAND_DISPLAY="),
+                       QStringLiteral("QT_QPA_PLATFORM="), QStringLiteral("XDG_RUNTIME_DIR=/tmp")});
+}
+
+TEST(TerminalProgram, MakesAPictureOfTheAskedSizeAndScaleWithoutADisplay)
+{
+    const QTemporaryDir folder;
+    const QString file = folder.path() + QStringLiteral("/shot.png");
+    const ProgramRun result = run(
+        {QStringLiteral("--shot"), file, QStringLiteral("--at"), QStringLiteral("10:30"),
+         QStringLiteral("--size"), QStringLiteral("800x500"), QStringLiteral("--scale"), QStringLiteral("2"),
+         QStringLiteral("--theme"), QStringLiteral("light"), QStringLiteral("--mode"),
+         QStringLiteral("five,list,full"), QStringLiteral("--colors"), QStringLiteral("color-blind")});
+    EXPECT_EQ(result.exitCode, 0) << result.err.toStdString();
+    EXPECT_TRUE(result.err.isEmpty()) << result.err.toStdString();
+    const QImage image(file);
+    EXPECT_EQ(image.size(), QSize(1600, 1000));
+    EXPECT_GT(image.pixelColor(image.width() / 2, image.height() / 2).lightness(), 200) << "a light theme";
+}
+
+TEST(TerminalProgram, TheHistoryInThePictureIsThatOfTheMoment)
+{
+    const QTemporaryDir folder;
+    const QString early = folder.path() + QStringLiteral("/early.png");
+    const QString late = folder.path() + QStringLiteral("/late.png");
+    EXPECT_EQ(run({QStringLiteral("--shot"), early, QStringLiteral("--at"), QStringLiteral("9:31")}).exitCode,
+              0);
+    EXPECT_EQ(run({QStringLiteral("--shot"), late, QStringLiteral("--at"), QStringLiteral("14:31")}).exitCode,
+              0);
+    EXPECT_NE(QImage(early), QImage(late));
+}
+
+TEST(TerminalProgram, RefusesWrongArgumentsWithOneLine)
+{
+    const std::vector<QStringList> wrong = {
+        {QStringLiteral("--nonsense")},
+        {QStringLiteral("--theme"), QStringLiteral("pink")},
+        {QStringLiteral("--colors"), QStringLiteral("pink")},
+        {QStringLiteral("--mode"), QStringLiteral("six")},
+        {QStringLiteral("--speed"), QStringLiteral("0.05")},
+        {QStringLiteral("--speed"), QStringLiteral("101")},
+        {QStringLiteral("--speed"), QStringLiteral("quick")},
+        {QStringLiteral("--at"), QStringLiteral("25:00")},
+        {QStringLiteral("--size"), QStringLiteral("10x10")},
+        {QStringLiteral("--size"), QStringLiteral("800")},
+        {QStringLiteral("--seed"), QStringLiteral("-1")},
+        {QStringLiteral("--day"), QStringLiteral("a"), QStringLiteral("--seed"), QStringLiteral("1")},
+        {QStringLiteral("--import"), QStringLiteral("auto")},
+        {QStringLiteral("--scale"), QStringLiteral("2")},
+    };
+    for (const QStringList& arguments : wrong) {
+        const ProgramRun result = run(arguments);
+        const std::string name = arguments.join(QLatin1Char(' ')).toStdString();
+        EXPECT_EQ(result.exitCode, 2) << name;
+        EXPECT_EQ(result.errorLines().size(), 1) << name << '\n' << result.err.toStdString();
+        EXPECT_TRUE(result.out.isEmpty()) << name;
+    }
+}
+
+TEST(TerminalProgram, NamesAMissingFolderAndABrokenFileWithItsLine)
+{
+    const QTemporaryDir folder;
+    const QString shot = folder.path() + QStringLiteral("/shot.png");
+    ProgramRun result =
+        run({QStringLiteral("--shot"), shot, QStringLiteral("--day"), QStringLiteral("/nowhere")});
+    EXPECT_EQ(result.exitCode, 2);
+    EXPECT_EQ(result.err.toStdString(), "error: /nowhere: no such folder\n");
+
+    const QString archive = folder.path() + QStringLiteral("/archive");
+    testing_support::writeFile(archive + QStringLiteral("/instruments.csv"), "nonsense\n");
+    result = run({QStringLiteral("--shot"), shot, QStringLiteral("--day"), archive});
+    EXPECT_EQ(result.exitCode, 2);
+    EXPECT_EQ(result.errorLines().size(), 1);
+    EXPECT_TRUE(result.err.contains(QStringLiteral("instruments.csv:1: "))) << result.err.toStdString();
+
+    result = run({QStringLiteral("--shot"), shot, QStringLiteral("--instrument"), QStringLiteral("nobody")});
+    EXPECT_EQ(result.exitCode, 2);
+    EXPECT_EQ(result.errorLines().size(), 1);
+}
+
+TEST(TerminalProgram, SaysWhenAPictureCannotBeWritten)
+{
+    const ProgramRun result = run({QStringLiteral("--shot"), QStringLiteral("/nowhere/shot.png")});
+    EXPECT_EQ(result.exitCode, 2);
+    EXPECT_EQ(result.err.toStdString(), "error: /nowhere/shot.png: the picture cannot be written\n");
+}
+
+TEST(TerminalProgram, SaysThatItNeedsADisplay)
+{
+    const ProgramRun result = run({});
+    EXPECT_EQ(result.exitCode, 2);
+    EXPECT_EQ(result.errorLines().size(), 1);
+    EXPECT_TRUE(result.err.contains(QStringLiteral("--shot"))) << result.err.toStdString();
+}
+
+TEST(TerminalProgram, TellsItsOptionsAndVersion)
+{
+    const ProgramRun help = run({QStringLiteral("--help")});
+    EXPECT_EQ(help.exitCode, 0);
+    for (const char* option : {"--day", "--import", "--seed", "--speed", "--at", "--instrument", "--theme",
+                               "--colors", "--mode", "--shot", "--size", "--scale"})
+        EXPECT_TRUE(help.out.contains(QString::fromLatin1(option))) << option;
+    EXPECT_TRUE(run({QStringLiteral("--version")}).out.startsWith(QStringLiteral("depth-terminal ")));
+}
+
+} // namespace
+} // namespace window_tests

@@ -1,0 +1,202 @@
+// The player: two steps to a moment, playing, pausing, the end.
+
+#include "host/window/ReplayPlayer.h"
+
+#include "host/SmallDay.h"
+#include "host/window/WindowFixture.h"
+#include "records/QuoterBase.h"
+
+#include <gtest/gtest.h>
+
+#include <QSignalSpy>
+#include <QThread>
+
+#include <atomic>
+#include <mutex>
+
+namespace window_tests {
+namespace {
+
+/// Counts what arrives, and on which threads.
+class Counter : public feed::FeedSink
+{
+public:
+    void onOrders(const std::string&, int, int status, const Kel::MetaCacheDataWrapperPtr& batch) override
+    {
+        note(status);
+        orders += static_cast<int>(batch->data.size());
+    }
+    void onDeals(const std::string&, int, int status, const Kel::MetaCacheDataWrapperPtr& batch) override
+    {
+        note(status);
+        deals += static_cast<int>(batch->data.size());
+    }
+    void onQuotes(const std::string&, int, int, const quoter::QuoterBatch&) override {}
+
+    std::atomic<int> orders{0};
+    std::atomic<int> deals{0};
+    std::atomic<int> calls{0};
+    std::atomic<int> firsts{0}; ///< calls of status 0
+    std::atomic<bool> onGuiThread{false};
+
+private:
+    void note(int status)
+    {
+        ++calls;
+        firsts += status == 0;
+        if (QThread::currentThread() == qApp->thread())
+            onGuiThread = true;
+    }
+};
+
+class Player : public ::testing::Test
+{
+protected:
+    Player()
+    {
+        testing_support::SmallDay small;
+        for (int i = 0; i < 100; ++i) {
+            small.at(i).buy(2 * i + 1, 10, 100).sell(2 * i + 2, 11, 100);
+        }
+        start = small.day.orders.front().time;
+        day = std::make_shared<feed::InstrumentDay>(small.day);
+        QObject::connect(&player, &host::ReplayPlayer::halted, &player, [this](int number) {
+            halts.push_back(number);
+            if (answer)
+                player.begin(number);
+        });
+        QObject::connect(&player, &host::ReplayPlayer::began, &player, [this] { ++begins; });
+        QObject::connect(&player, &host::ReplayPlayer::ended, &player, [this] { ++ends; });
+    }
+
+    host::DayPtr day;
+    std::int64_t start = 0;
+    Counter counter;
+    host::ReplayPlayer player{counter};
+    std::vector<int> halts;
+    int begins = 0;
+    int ends = 0;
+    bool answer = true;
+};
+
+TEST_F(Player, DeliversTheHistoryUpToTheMoment)
+{
+    player.open(day, start + 9500);
+    EXPECT_EQ(player.now(), start + 9500) << "at once";
+    ASSERT_TRUE(waitUntil([&] { return begins == 1; }));
+    EXPECT_EQ(counter.orders, 20);
+    EXPECT_FALSE(counter.onGuiThread);
+    EXPECT_EQ(player.now(), start + 9500);
+}
+
+TEST_F(Player, DeliversNothingBeforeThePanelsAreEmpty)
+{
+    answer = false;
+    player.play();
+    player.open(day, start + 9500);
+    ASSERT_TRUE(waitUntil([&] { return halts.size() == 1; }));
+    letRun(60);
+    EXPECT_EQ(counter.calls, 0);
+    player.begin(halts.back());
+    ASSERT_TRUE(waitUntil([&] { return begins == 1; }));
+    EXPECT_GE(counter.orders, 20);
+}
+
+TEST_F(Player, AnOldNumberBeginsNothing)
+{
+    answer = false;
+    player.open(day, start);
+    ASSERT_TRUE(waitUntil([&] { return halts.size() == 1; }));
+    player.seek(start + 5000);
+    ASSERT_TRUE(waitUntil([&] { return halts.size() == 2; }));
+    player.begin(halts[0]);
+    letRun(60);
+    EXPECT_EQ(counter.calls, 0);
+    player.begin(halts[1]);
+    ASSERT_TRUE(waitUntil([&] { return begins == 1; }));
+    EXPECT_EQ(counter.orders, 12);
+}
+
+TEST_F(Player, GoesBackByTheHistoryUpToThere)
+{
+    player.open(day, start + 50000);
+    ASSERT_TRUE(waitUntil([&] { return begins == 1; }));
+    counter.orders = 0;
+    counter.firsts = 0;
+    player.seek(start + 3000);
+    ASSERT_TRUE(waitUntil([&] { return begins == 2; }));
+    EXPECT_EQ(counter.orders, 8);
+    EXPECT_EQ(counter.firsts, 2) << "a reload of deals and of orders";
+    EXPECT_EQ(player.now(), start + 3000);
+}
+
+TEST_F(Player, PlaysAndPauses)
+{
+    player.open(day, start);
+    player.setSpeed(100);
+    ASSERT_TRUE(waitUntil([&] { return begins == 1; }));
+    letRun(60);
+    EXPECT_EQ(player.now(), start) << "paused at first";
+    player.play();
+    EXPECT_TRUE(player.playing());
+    ASSERT_TRUE(waitUntil([&] { return player.now() > start + 2000; }));
+    player.pause();
+    letRun(60);
+    const std::int64_t paused = player.now();
+    letRun(100);
+    EXPECT_EQ(player.now(), paused);
+    EXPECT_LT(paused, start + 99000);
+}
+
+TEST_F(Player, PausesAtTheEndOfTheDay)
+{
+    player.open(day, start + 90000);
+    player.setSpeed(host::ReplayPlayer::kFast);
+    player.play();
+    ASSERT_TRUE(waitUntil([&] { return ends == 1; }));
+    EXPECT_FALSE(player.playing());
+    EXPECT_EQ(counter.orders, 200);
+    EXPECT_GE(player.now(), start + 99000);
+}
+
+TEST_F(Player, PlaysOnAfterASeekWhilePlaying)
+{
+    player.open(day, start);
+    player.setSpeed(100);
+    player.play();
+    ASSERT_TRUE(waitUntil([&] { return player.now() > start + 1000; }));
+    player.seek(start + 50000);
+    EXPECT_GE(player.now(), start + 50000);
+    ASSERT_TRUE(waitUntil([&] { return player.now() > start + 51000; }));
+}
+
+TEST_F(Player, SeeksNothingWithoutADay)
+{
+    player.seek(start);
+    player.play();
+    letRun(60);
+    EXPECT_TRUE(halts.empty());
+}
+
+TEST(PlayerEnd, StopsWhilePlaying)
+{
+    testing_support::SmallDay small;
+    for (int i = 0; i < 1000; ++i)
+        small.at(i).buy(i + 1, 10, 100);
+    Counter counter;
+    {
+        host::ReplayPlayer player(counter);
+        QObject::connect(&player, &host::ReplayPlayer::halted, &player,
+                         [&player](int number) { player.begin(number); });
+        player.open(std::make_shared<feed::InstrumentDay>(small.day), small.day.orders.front().time);
+        player.setSpeed(100);
+        player.play();
+        ASSERT_TRUE(waitUntil([&] { return counter.orders > 10; }));
+    }
+    const int delivered = counter.orders;
+    letRun(50);
+    EXPECT_EQ(counter.orders, delivered);
+}
+
+} // namespace
+} // namespace window_tests
