@@ -1,6 +1,7 @@
 #include "platform/toolkit/CSpliter.h"
 
 #include "platform/resources/CUiResource.h"
+#include "platform/toolkit/style_sheets.h"
 #include "platform/utils/CSingletonT.h"
 
 namespace Zeb {
@@ -19,8 +20,8 @@ CSpliter::CSpliter(const QString& colorKey, Qt::Orientation orientation, QWidget
 
 void CSpliter::themeChanged()
 {
-    setStyleSheet(QStringLiteral("QSplitter::handle {background: %1;}")
-                      .arg(utils::CSingletonT<CUiResource>::instance().getColorSheetByKey(m_colorKey)));
+    giveSheet(this, QStringLiteral("QSplitter::handle {background: %1;}")
+                        .arg(utils::CSingletonT<CUiResource>::instance().getColorSheetByKey(m_colorKey)));
 }
 
 } // namespace Zeb

@@ -299,6 +299,18 @@ TEST_F(Controls, PanesOfASplitterCannotBeCollapsed)
     EXPECT_GT(left->width(), 0);
 }
 
+TEST_F(Controls, TheBarOfASplitterHasItsColourInTheThemeInForce)
+{
+    Zeb::CSpliter splitter("ic_clr_mark_yellow", Qt::Horizontal, nullptr);
+    splitter.addWidget(new QWidget);
+    splitter.addWidget(new QWidget);
+    splitter.resize(203, 50);
+    resource().setTheme("light");
+    splitter.show();
+    splitter.setSizes({100, 100});
+    EXPECT_EQ(splitter.grab().toImage().pixelColor(101, 25), *resource().getColor("ic_clr_mark_yellow"));
+}
+
 TEST(WidgetList, PlacesWidgetsInARowWithSpacesAndStretch)
 {
     Zeb::CWidgetList list(Qt::Horizontal);
