@@ -1,0 +1,93 @@
+// A recorded day, where it is at hand: DEPTH_SHARED_DATA, or the folder beside the repository.
+
+#include "LadderFeed.h"
+#include "feed/import/importDay.h"
+#include "feed/record_making.h"
+#include "host/DayTimeline.h"
+#include "platform/models/ladder_units.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+
+namespace {
+
+using namespace testing_support;
+
+constexpr int kLevels = quoter::kDepthLevels;
+
+/// "10.01:5/2 ..." of the published levels, best first; volumes in shares.
+template <class Prices, class Volumes, class Counts>
+std::string published(const Prices& prices, const Volumes& volumes, const Counts& counts)
+{
+    std::ostringstream out;
+    for (std::size_t i = 0; i < kLevels && prices[i] != 0; ++i)
+        out << prices[i] << ':' << Kel::toLots(volumes[i], 100) << '/' << counts[i] << ' ';
+    return out.str();
+}
+
+std::string rebuilt(const Answer::Rows& rows, bool isBuy)
+{
+    std::ostringstream out;
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        const Kel::EntrustData& row = *rows[isBuy ? rows.size() - 1 - i : i];
+        out << row.price << ':' << row.volume << '/' << row.orderCount << ' ';
+    }
+    return out.str();
+}
+
+TEST(LadderRealDay, EveryContinuousSnapshotOf600519ShowsTheTenBestRowsOfTheLadder)
+{
+    const char* given = std::getenv("DEPTH_SHARED_DATA");
+    const std::string folder = std::string(given ? given : DEPTH_SHARED_DATA_DEFAULT) + "/600519-20230201";
+    if (!std::filesystem::is_directory(folder))
+        GTEST_SKIP() << "no recorded day at " << folder;
+    feed::ImportOptions importing;
+    importing.codes = {"600519"};
+    const feed::ImportResult result = feed::importDay(folder, importing);
+    ASSERT_EQ(result.error.text(), "");
+    ASSERT_EQ(result.days.size(), 1u);
+    const feed::InstrumentDay& day = result.days[0];
+    utils::CSingletonT<Kel::CStockManager>::instance().addInstrument(
+        boost::make_shared<nelservice::CInstrumentDetail>(day.detail));
+
+    Kel::CModelDepthThousand model(0, -1);
+    model.setStock(QString::fromStdString(day.detail.market + day.detail.code));
+    Answer answer;
+    int snapshots = 0;
+    std::int64_t shares = 0;
+    using Kind = host::DayTimeline::Kind;
+    const host::DayTimeline timeline(day, host::placeSnapshots(day));
+    for (const host::DayTimeline::Entry& entry : timeline.entries()) {
+        const auto wrap = [&](const quoter::QuoterBasePtr& record) {
+            return batchOf({record}, day.detail.market, day.detail.code);
+        };
+        if (entry.kind == Kind::Order)
+            model.entrustCallback(0, 1, wrap(feed::makeRecord(day.orders[entry.index])));
+        else if (entry.kind == Kind::Deal)
+            model.transactionCallback(0, 1, wrap(feed::makeRecord(day.deals[entry.index])));
+        if (entry.kind != Kind::Snapshot || !host::isContinuous(day.snapshots[entry.index]))
+            continue;
+        const feed::SnapshotRow& snapshot = day.snapshots[entry.index];
+        answer.ask(model, true);
+        ASSERT_EQ(rebuilt(answer.buys, true),
+                  published(snapshot.bidPrice, snapshot.bidVolume, snapshot.bidCount))
+            << "snapshot " << snapshots;
+        ASSERT_EQ(rebuilt(answer.sells, false),
+                  published(snapshot.askPrice, snapshot.askVolume, snapshot.askCount))
+            << "snapshot " << snapshots;
+        // In shares, by the orders of the best prices.
+        if (snapshot.bidPrice[0] != 0) {
+            const auto queue = model.getQueue(true, snapshot.bidPrice[0]);
+            ASSERT_TRUE(queue);
+            ASSERT_EQ(queue->totalVolume, snapshot.bidVolume[0]);
+            shares += queue->totalVolume;
+        }
+        ++snapshots;
+    }
+    EXPECT_EQ(snapshots, 4847);
+    EXPECT_GT(shares, 0);
+}
+
+} // namespace
