@@ -47,8 +47,7 @@ public:
     int m_startIndex = 0;             ///< index in `m_orders` of the first order inside the level
     bool m_hasPartDeal = false;       ///< a part-dealt order in the level has a dealt part to draw
 
-    // Adding (level_orders.cpp)
-    // ---------------------------------------------------------------------------------------
+    // --- adding (OrderQueueData.cpp)
 
     /// Appends an order whose number is not in the level yet and counts it; a number already added changes
     /// nothing.
@@ -60,8 +59,7 @@ public:
     /// Sets the type of the first listed order with this number. False if the number is not in the list.
     bool markOrder(std::int64_t entrustNo, EOrderQueueType type);
 
-    // Held against published queues and snapshots (level_reconciliation.cpp)
-    // --------------------------------------------
+    // --- held against published queues and snapshots (level_reconciliation.cpp)
 
     /// Replaces the list by published volumes (lots); the orders have number 0.
     void resetByLevelVols(const std::vector<int>& vols);
@@ -81,8 +79,7 @@ public:
     /// list holds a part-dealt order with a standing order before it.
     bool dropBeforePartDeal(bool bOnlyTenLevels);
 
-    // Shown (display_level.cpp)
-    // -----------------------------------------------------------------------------------------
+    // --- shown (OrderQueueData.cpp)
 
     /// Counts and sums the list anew, cancelled and dealt orders left out. The average has no guard for an
     /// empty list.
@@ -94,8 +91,7 @@ public:
     /// Label of the row: "买一" to "买十", "卖一" to "卖十".
     QString getLevelName() const;
 
-    // Rest
-    // ----------------------------------------------------------------------------------------------------------
+    // --- rest
     // A busy book lists hundreds of thousands of orders and changes a few hundred of them between two passes.
     // What a level remembers of its last pass lets the next one read only what can have changed. Every
     // operation above that changes the list wakes the level; who writes to `m_orders` directly calls `wake`.

@@ -56,7 +56,6 @@ public:
     TrueBook(int lowestTicks, int highestTicks, const TickScale& scale);
 
     // --- reading
-    // -------------------------------------------------------------------------------------------------
 
     bool isEmpty(Side side) const { return best(side) < 0; }
 
@@ -116,7 +115,6 @@ public:
     std::string firstFault() const;
 
     // --- changing
-    // ------------------------------------------------------------------------------------------------
 
     /// Puts an order at the end of its price. False, and nothing changes, for a price out of the band, a
     /// volume that is not above 0, or a number that is 0 or stands already.
