@@ -28,6 +28,8 @@ ReplayClock::ReplayClock(std::int64_t feedTime) : m_anchorFeed(clamped(feedTime)
 
 void ReplayClock::setBreaks(std::vector<Break> breaks)
 {
+    for (Break& pause : breaks)
+        pause = {clamped(pause.begin), clamped(pause.end)};
     breaks.erase(
         std::remove_if(breaks.begin(), breaks.end(), [](const Break& b) { return b.end <= b.begin; }),
         breaks.end());

@@ -34,7 +34,7 @@ public:
     bool paused() const { return m_paused; }
 
     /// Changes the factor at a real moment without a jump of the feed time. Clamped to `kSlowest` ..
-    /// `kFastest`; not-a- number is ignored.
+    /// `kFastest`; a factor that is no number is ignored.
     void setFactor(double factor, std::int64_t realMs);
     double factor() const { return m_factor; }
 

@@ -72,6 +72,16 @@ TEST(ReplayClock, JumpsOverBreaks)
     EXPECT_EQ(clock.feedTime(1005), 315);
 }
 
+TEST(ReplayClock, ABreakWithoutBoundsEndsAtTheLatestFeedTime)
+{
+    using Limits = std::numeric_limits<std::int64_t>;
+    constexpr std::int64_t kLatest = 4000000000000000;
+    ReplayClock clock(100);
+    clock.setBreaks({{Limits::min(), Limits::max()}});
+    clock.resume(0);
+    EXPECT_EQ(clock.feedTime(10), kLatest);
+}
+
 TEST(ReplayClock, WaitsThroughBreaksThatAreNotSet)
 {
     ReplayClock clock(100);
