@@ -125,22 +125,22 @@ private:
 
 std::unique_ptr<ByteSource> openFile(const std::string& path, Error& error)
 {
-    std::FILE* const file = std::fopen(path.c_str(), "rb");
-    if (file == nullptr) {
-        error = {path, 0, std::string("cannot be opened: ") + std::strerror(errno)};
+    // Looked at before it is opened: opening a pipe would wait for somebody who writes to it.
+    struct stat info = {};
+    const bool known = stat(path.c_str(), &info) == 0;
+    if (known && !S_ISREG(info.st_mode)) {
+        error = {path, 0, "is not a file"};
         return nullptr;
     }
-    struct stat info = {};
-    if (fstat(fileno(file), &info) != 0 || S_ISDIR(info.st_mode)) {
-        std::fclose(file);
-        error = {path, 0, "is not a file"};
+    std::FILE* const file = known ? std::fopen(path.c_str(), "rb") : nullptr;
+    if (file == nullptr) {
+        error = {path, 0, std::string("cannot be opened: ") + std::strerror(errno)};
         return nullptr;
     }
     char first[sizeof kZstdMagic] = {};
     const std::size_t got = std::fread(first, 1, sizeof first, file);
     std::rewind(file);
-    std::unique_ptr<ByteSource> source =
-        std::make_unique<FileSource>(file, S_ISREG(info.st_mode) ? std::int64_t(info.st_size) : 0);
+    std::unique_ptr<ByteSource> source = std::make_unique<FileSource>(file, std::int64_t(info.st_size));
     if (beginsWithZstdMagic(first, got))
         return std::make_unique<ZstdSource>(std::move(source));
     return source;

@@ -31,7 +31,8 @@ public:
 };
 
 /// Opens a file. One that begins with the magic number of zstd is decompressed while it is read, whatever its
-/// name. Returns null, with `error` filled, if it cannot be opened or is a folder.
+/// name. Returns null, with `error` filled, if it cannot be opened or is no regular file: a pipe could keep
+/// the caller waiting for ever.
 std::unique_ptr<ByteSource> openFile(const std::string& path, Error& error);
 
 /// Reads from memory, decompressing zstd like `openFile`; `bytes` must stay valid as long as the source.

@@ -1,9 +1,13 @@
 #include "feed/csv/CsvReader.h"
 
+#include <QTemporaryDir>
 #include <gtest/gtest.h>
 #include <zstd.h>
 
+#include <fcntl.h>
 #include <string>
+#include <sys/stat.h>
+#include <unistd.h>
 #include <vector>
 
 namespace {
@@ -177,6 +181,20 @@ TEST(OpenFile, TellsWhyAFileCannotBeRead)
     EXPECT_EQ(error.text(), "/nowhere/at/all.csv: cannot be opened: No such file or directory");
     EXPECT_EQ(feed::openFile("/", error), nullptr);
     EXPECT_EQ(error.text(), "/: is not a file");
+}
+
+TEST(OpenFile, RefusesAPipeWhichCouldKeepItWaiting)
+{
+    const QTemporaryDir temporary;
+    const std::string path = temporary.path().toStdString() + "/pipe.csv";
+    ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
+    // With a writer and something to read, so that a reader would not wait in this test.
+    const int writer = open(path.c_str(), O_RDWR);
+    ASSERT_EQ(write(writer, "a,b\n1,2\n", 8), 8);
+    feed::Error error;
+    EXPECT_EQ(feed::openFile(path, error), nullptr);
+    EXPECT_EQ(error.text(), path + ": is not a file");
+    close(writer);
 }
 
 } // namespace
