@@ -72,6 +72,12 @@ bool volumeList(std::string_view cell, std::vector<std::int64_t>& volumes)
     return true;
 }
 
+/// Whether the table ends before this column, which the program always writes.
+bool isCut(const CsvReader& row, int column)
+{
+    return column >= 0 && !row.lineTerminated() && row.field(column).empty();
+}
+
 const char* const kBadTime = "bad time";
 const char* const kBadSequence = "bad sequence number";
 const char* const kBadNumber = "bad order number";
@@ -145,6 +151,8 @@ bool readTable(CsvReader& reader, std::vector<OrderRow>& rows, ImportReport& rep
             return kBadVolume;
         if (!parseInteger32(row.field(side), order.side))
             return "bad side";
+        if (isCut(row, kind))
+            return kCutLastLine;
         if (!optionalInteger(row, kind, order.kind))
             return "bad kind";
         if (!rows.empty() && order.seq <= rows.back().seq)
@@ -184,6 +192,8 @@ bool readTable(CsvReader& reader, std::vector<DealRow>& rows, ImportReport& repo
             return kBadVolume;
         if (!parseInteger32(row.field(kind), deal.kind))
             return "bad kind";
+        if (isCut(row, activeSide))
+            return kCutLastLine;
         if (!optionalInteger(row, activeSide, deal.activeSide))
             return "bad side";
         if (!rows.empty() && deal.seq <= rows.back().seq)
@@ -253,6 +263,8 @@ bool readTable(CsvReader& reader, std::vector<SnapshotRow>& rows, ImportReport& 
                 !optionalInteger(row, count[1][i], snapshot.bidCount[i]))
                 return "bad number of orders";
         }
+        if (isCut(row, phase))
+            return kCutLastLine;
         if (!row.field(phase).empty() && !phaseFromName(row.field(phase), snapshot.phase))
             return "unknown phase";
         if (!rows.empty() && snapshot.time < rows.back().time)
@@ -280,7 +292,7 @@ bool readTable(CsvReader& reader, std::vector<QueueRow>& rows, ImportReport& rep
     return readRows(reader, report, progress, error, [&](const CsvReader& row) -> const char* {
         QueueRow queue;
         if (end >= 0 && row.field(end) != kQueueEnd)
-            return row.lineTerminated() ? "bad end" : kCutLastLine;
+            return "bad end";
         if (!parseInteger(row.field(time), queue.time))
             return kBadTime;
         if (!optionalInteger(row, seq, queue.seq))

@@ -114,8 +114,8 @@ bool allFinite(const std::array<double, quoter::kDepthLevels>& values)
 const char* const kInstrumentsHeader =
     "market,code,name,kind,price_tick,previous_close,upper_limit,lower_limit,"
     "trading_day";
-// The last column of each table is a word or a single digit: a line that is cut, and still has all its
-// columns, is whole.
+// The last column of each table of rows is a word or a single digit: a line that is cut shows it, since the
+// last column is then empty or no such word.
 const char* const kOrdersHeader = "time,seq,number,price,volume,side,kind";
 const char* const kDealsHeader = "time,seq,deal_no,buy_no,sell_no,price,volume,kind,active_side";
 const char* const kQueuesHeader =

@@ -5,6 +5,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <utility>
 
 namespace {
 
@@ -115,6 +116,29 @@ TEST_F(DayArchive, CutTableKeepsWhatCameBefore)
     put("SZ000001/queues.csv", whole.substr(0, whole.size() - 1));
     ASSERT_TRUE(load());
     EXPECT_EQ(m_day.queues.size(), 2u) << "a file without its last line end is whole";
+}
+
+TEST_F(DayArchive, ATableCutAnywhereInItsLastLineKeepsTheLinesBefore)
+{
+    const std::pair<const char*, std::string> tables[] = {
+        {"orders", "time,seq,number,price,volume,side,kind\n1,1,1,14.6,100,1,1\n1,2,2,0,100,2,2\n"},
+        {"deals", "time,seq,buy_no,sell_no,price,volume,kind,active_side\n"
+                  "1,3,1,2,14.6,50,0,2\n1,4,1,2,14.6,50,0,2\n"},
+        {"snapshots", "time,ask_price_1,ask_volume_1,bid_price_1,bid_volume_1,phase\n"
+                      "1,14.6,100,14.5,100,continuous\n2,14.6,100,14.5,100,continuous\n"},
+    };
+    for (const auto& [name, whole] : tables) {
+        const std::string path = std::string("SZ000001/") + name + ".csv";
+        const std::size_t lastLine = whole.rfind('\n', whole.size() - 2) + 1;
+        for (std::size_t size = lastLine + 1; size < whole.size() - 1; ++size) {
+            put(path, whole.substr(0, size));
+            ASSERT_TRUE(load()) << m_error.text();
+            const std::size_t rows = m_day.orders.size() + m_day.deals.size() + m_day.snapshots.size();
+            ASSERT_EQ(rows, 1u) << whole.substr(lastLine, size - lastLine);
+            EXPECT_TRUE(m_report.truncated());
+        }
+        std::filesystem::remove(m_folder + "/" + path);
+    }
 }
 
 TEST_F(DayArchive, RefusesFolderNamesThatLeadElsewhere)
