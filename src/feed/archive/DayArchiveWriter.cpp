@@ -42,6 +42,16 @@ bool createFolder(const std::string& folder, Error& error)
     return false;
 }
 
+/// Removes a table that is no part of the archive any more; none there is fine.
+bool removeTable(const std::string& path, Error& error)
+{
+    std::error_code code;
+    fs::remove(path, code);
+    if (code)
+        error = {path, 0, "cannot be replaced: " + code.message()};
+    return !code;
+}
+
 } // namespace
 
 DayArchiveWriter::DayArchiveWriter(std::string folder, Options options)
@@ -120,21 +130,24 @@ bool DayArchiveWriter::finishInstrument()
 {
     if (m_error || !m_inInstrument)
         return false;
+    bool written[TableCount] = {};
     for (int table = 0; table < TableCount; ++table) {
         TableFile& file = m_tables[table];
-        const bool written = file.isOpen();
-        if (written && !file.commit())
+        written[table] = file.isOpen();
+        if (written[table] && !file.complete())
+            return fail(file.error());
+    }
+    for (int table = 0; table < TableCount; ++table) {
+        TableFile& file = m_tables[table];
+        if (written[table] && !file.commit())
             return fail(file.error());
         // What an earlier writing left in the other form, or of a kind that this day has not, is no part of
         // it.
         const std::string plain = m_instrumentFolder + "/" + kTableNames[table];
-        std::error_code code;
-        if (!written || m_options.compress)
-            fs::remove(plain, code);
-        if (!written || !m_options.compress)
-            fs::remove(plain + kPackedSuffix, code);
-        if (code)
-            return fail({plain, 0, "cannot be replaced: " + code.message()});
+        Error error;
+        if (((!written[table] || m_options.compress) && !removeTable(plain, error)) ||
+            ((!written[table] || !m_options.compress) && !removeTable(plain + kPackedSuffix, error)))
+            return fail(error);
     }
     const auto same = [&](const ArchivedInstrument& other) { return other.key() == m_current->key(); };
     m_instruments.erase(std::remove_if(m_instruments.begin(), m_instruments.end(), same),
@@ -150,13 +163,16 @@ bool DayArchiveWriter::finish()
     Error error;
     if (m_error || !createFolder(m_folder, error) || !loadExisting())
         return fail(error);
+    const std::string plain = m_folder + "/" + kInstrumentsName;
     TableFile file;
-    if (!file.open(m_folder + "/" + kInstrumentsName, false))
+    if (!file.open(plain, false))
         return fail(file.error());
     file.text() = std::string(kInstrumentsHeader) + "\n";
     for (const ArchivedInstrument& instrument : m_instruments)
         appendLine(file.text(), instrument);
-    return file.commit() || fail(file.error());
+    if (!file.commit())
+        return fail(file.error());
+    return removeTable(plain + kPackedSuffix, error) || fail(error);
 }
 
 bool DayArchiveWriter::write(const InstrumentDay& day)
@@ -197,14 +213,16 @@ bool DayArchiveWriter::loadExisting()
 {
     if (m_existingLoaded)
         return true;
+    const std::string plain = m_folder + "/" + kInstrumentsName;
     std::error_code code;
-    if (fs::exists(m_folder + "/" + kInstrumentsName, code)) {
+    if (fs::exists(plain, code) || fs::exists(plain + kPackedSuffix, code)) {
         const DayArchiveReader existing(m_folder);
         if (existing.error())
             return fail(existing.error());
-        if (existing.report().rejects.count() > 0)
-            return fail({m_folder + "/" + kInstrumentsName, existing.report().rejects.listed().front().line,
-                         "cannot be kept: " + existing.report().rejects.listed().front().reason});
+        if (existing.report().rejects.count() > 0) {
+            const Reject& first = existing.report().rejects.listed().front();
+            return fail({first.file, first.line, "cannot be kept: " + first.reason});
+        }
         m_instruments = existing.instruments();
     }
     m_existingLoaded = true;

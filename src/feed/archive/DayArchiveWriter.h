@@ -20,10 +20,10 @@ struct ArchivedInstrument;
 ///     writer.finishInstrument();
 ///     if (!writer.finish()) ... writer.error()
 ///
-/// A table takes its place when its instrument is finished; before, and if anything fails, the folder keeps
-/// what it had. Instruments that the archive holds already stay beside the new ones; one that is written
-/// again is replaced. After a failure rows are ignored and every call answers false. For one thread at a
-/// time.
+/// The tables take their places when all rows of their instrument are on the disk; before, and if writing
+/// fails, the folder keeps what it had. Instruments that the archive holds already stay beside the new ones;
+/// one that is written again is replaced. After a failure rows are ignored and every call answers false. For
+/// one thread at a time.
 class DayArchiveWriter : public RowSink
 {
 public:

@@ -30,6 +30,7 @@ bool TableFile::open(const std::string& path, bool compress)
     m_file = std::fopen(m_temporary.c_str(), "wb");
     if (m_file == nullptr)
         return fail("cannot be created");
+    m_temporaryExists = true;
     if (compress) {
         m_zstd = ZSTD_createCCtx();
         if (m_zstd == nullptr || ZSTD_isError(ZSTD_CCtx_setParameter(m_zstd, ZSTD_c_checksumFlag, 1)) != 0 ||
@@ -47,29 +48,38 @@ bool TableFile::flushIfLarge()
     return m_text.size() < kFlushSize || flush(false);
 }
 
-bool TableFile::commit()
+bool TableFile::complete()
 {
-    if (m_file == nullptr)
-        return false;
-    if (!flush(true))
+    if (m_file == nullptr || !flush(true))
         return false;
     if (std::fflush(m_file) != 0 || ::fsync(::fileno(m_file)) != 0)
         return fail("cannot be written");
     std::FILE* const file = m_file;
     m_file = nullptr;
-    if (std::fclose(file) != 0 || std::rename(m_temporary.c_str(), m_path.c_str()) != 0)
+    return std::fclose(file) == 0 || fail("cannot be written");
+}
+
+bool TableFile::commit()
+{
+    if (m_file != nullptr && !complete())
+        return false;
+    if (!m_temporaryExists)
+        return false;
+    if (std::rename(m_temporary.c_str(), m_path.c_str()) != 0)
         return fail("cannot be written");
+    m_temporaryExists = false;
     discard();
     return true;
 }
 
 void TableFile::discard()
 {
-    if (m_file != nullptr) {
+    if (m_file != nullptr)
         std::fclose(m_file);
-        m_file = nullptr;
+    m_file = nullptr;
+    if (m_temporaryExists)
         std::remove(m_temporary.c_str());
-    }
+    m_temporaryExists = false;
     ZSTD_freeCCtx(m_zstd);
     m_zstd = nullptr;
 }
@@ -109,7 +119,6 @@ bool TableFile::fail(const std::string& what)
 {
     m_error = {m_path, 0, what + ": " + std::strerror(errno)};
     discard();
-    std::remove(m_temporary.c_str());
     return false;
 }
 

@@ -27,8 +27,13 @@ public:
     std::string& text() { return m_text; }
     bool flushIfLarge();
 
-    /// Writes the rest, brings it to the disk and puts the file into its place. False if anything of it
-    /// failed; then the temporary file is gone and the place is as it was.
+    /// Writes the rest and brings it to the disk, still under the temporary name. Done for several files
+    /// before any of them is committed, a full disk leaves all their places as they were. False if it failed;
+    /// then the temporary file is gone.
+    bool complete();
+
+    /// Completes the file if that was not done and puts it into its place. False if anything of it failed;
+    /// then the temporary file is gone and the place is as it was.
     bool commit();
 
     /// Gives the file up.
@@ -43,6 +48,7 @@ private:
     bool fail(const std::string& what);
 
     std::FILE* m_file = nullptr;
+    bool m_temporaryExists = false;
     ZSTD_CCtx_s* m_zstd = nullptr;
     std::string m_path;
     std::string m_temporary;

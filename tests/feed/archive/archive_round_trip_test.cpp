@@ -3,11 +3,13 @@
 
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
+#include <zstd.h>
 
 #include <cmath>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <limits>
 #include <random>
 #include <unistd.h>
@@ -276,6 +278,63 @@ TEST(DayArchiveWriter, AWriteThatBreaksOffLeavesTheOldTablesAndNoHalfFile)
     feed::Error error;
     ASSERT_TRUE(reader.load("SH600519", back, error)) << error.text();
     expectSame(day, back);
+}
+
+TEST(DayArchiveWriter, ATableThatCannotBeWrittenLeavesTheOthersInPlaceToo)
+{
+    const QTemporaryDir temporary;
+    const std::string folder = temporary.path().toStdString();
+    const InstrumentDay day = randomDay(1, 50);
+    {
+        DayArchiveWriter writer(folder);
+        ASSERT_TRUE(writer.write(day) && writer.finish());
+    }
+    // The deals' temporary name leads to a device that takes nothing; the orders come before them.
+    fs::create_symlink("/dev/full", folder + "/SH600519/deals.csv.part" + std::to_string(::getpid()));
+    DayArchiveWriter writer(folder);
+    EXPECT_FALSE(writer.write(randomDay(2, 50)));
+    DayArchiveReader reader(folder);
+    InstrumentDay back;
+    feed::Error error;
+    ASSERT_TRUE(reader.load("SH600519", back, error)) << error.text();
+    expectSame(day, back);
+}
+
+TEST(DayArchiveWriter, ATableThatCannotBeRemovedFailsTheWriting)
+{
+    const QTemporaryDir temporary;
+    const std::string folder = temporary.path().toStdString();
+    const std::string queues = folder + "/SH600519/queues.csv";
+    fs::create_directories(queues + "/not-empty");
+    InstrumentDay day = randomDay(1, 2);
+    day.queues.clear();
+    DayArchiveWriter writer(folder);
+    EXPECT_FALSE(writer.write(day));
+    EXPECT_EQ(writer.error().text().substr(0, queues.size() + 20), queues + ": cannot be replaced");
+}
+
+TEST(DayArchiveWriter, InstrumentsOfACompressedTableStayBesideTheNewOnes)
+{
+    const QTemporaryDir temporary;
+    const std::string folder = temporary.path().toStdString();
+    InstrumentDay first = randomDay(1, 3);
+    {
+        DayArchiveWriter writer(folder);
+        ASSERT_TRUE(writer.write(first) && writer.finish());
+    }
+    std::ifstream plain(folder + "/instruments.csv", std::ios::binary);
+    const std::string text{std::istreambuf_iterator<char>(plain), std::istreambuf_iterator<char>()};
+    std::string packed(ZSTD_compressBound(text.size()), '\0');
+    packed.resize(ZSTD_compress(packed.data(), packed.size(), text.data(), text.size(), 3));
+    std::ofstream(folder + "/instruments.csv.zst", std::ios::binary) << packed;
+    fs::remove(folder + "/instruments.csv");
+
+    InstrumentDay second = randomDay(2, 3);
+    second.detail.code = "601825";
+    DayArchiveWriter writer(folder);
+    ASSERT_TRUE(writer.write(second) && writer.finish()) << writer.error().text();
+    EXPECT_EQ(DayArchiveReader(folder).instruments().size(), 2u);
+    EXPECT_FALSE(fs::exists(folder + "/instruments.csv.zst"));
 }
 
 TEST(DayArchiveWriter, ReportsAFullDisk)
