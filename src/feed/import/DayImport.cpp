@@ -5,6 +5,7 @@
 #include "feed/import/SnapshotColumns.h"
 #include "feed/import/assembling.h"
 #include "feed/import/tick_lines.h"
+#include "platform/utils/code_ranges.h"
 #include "platform/utils/exchange_time.h"
 #include "platform/utils/market_predicates.h"
 
@@ -66,9 +67,23 @@ bool instrumentOfFolder(const std::string& folder, std::string& market, std::str
            splitCode(std::string_view(folder).substr(0, kCodeDigits), market, code);
 }
 
+/// The exchange whose code ranges hold the code; of codes that both have or neither, by what is usual.
+std::string marketOfCode(const std::string& code)
+{
+    const bool shanghai = utils::codeKind("SH", code) != utils::ECodeKind::None;
+    const bool shenzhen = utils::codeKind("SZ", code) != utils::ECodeKind::None;
+    if (shanghai != shenzhen)
+        return shanghai ? "SH" : "SZ";
+    return code.front() == '6' || code.front() == '5' || code.front() == '9' ? "SH" : "SZ";
+}
+
 double tickOf(const nelservice::CInstrumentDetail& detail)
 {
     using nelservice::EInstrumentKind;
+    // B shares: Shanghai's are traded in dollars, Shenzhen's in Hong Kong dollars.
+    if (detail.market == "SH" &&
+        utils::codeKind(detail.market, detail.code) == utils::ECodeKind::ForeignStock)
+        return 0.001;
     switch (detail.kind) {
     case EInstrumentKind::Fund:
     case EInstrumentKind::Bond:
@@ -115,7 +130,8 @@ bool DayImport::readTable(std::unique_ptr<ByteSource> source, const std::string&
             error = {name, 1, "has no column " + missing};
         else if (!error)
             error = {name, 1, "is no table of a known layout"};
-        if (expected || !missing.empty()) {
+        // A table that cannot be read is not known to be a foreign one.
+        if (expected || !missing.empty() || !reader.failure().empty()) {
             m_result.error = error;
             return false;
         }
@@ -167,9 +183,8 @@ const char* DayImport::instrumentOf(const FileKind& kind, const FieldColumns& co
         return m_lastFault;
     }
     if (market.empty()) {
-        // A folder whose name tells nothing and codes without a market: the code ranges of the two exchanges
-        // decide.
-        market = code.front() == '6' || code.front() == '5' || code.front() == '9' ? "SH" : "SZ";
+        // A folder whose name tells nothing and codes without a market.
+        market = marketOfCode(code);
     }
     m_lastMarket = market;
     m_lastFault = nullptr;

@@ -16,7 +16,7 @@ public:
     explicit DayImport(const ImportOptions& options);
 
     /// Reads one table. A table of no known layout is noted and left alone, unless `expected`: then it is an
-    /// error. False, with the result's error filled, if the import has to end.
+    /// error, as damaged data always is. False, with the result's error filled, if the import has to end.
     bool readTable(std::unique_ptr<ByteSource> source, const std::string& name, bool expected);
 
     /// Bytes of all tables, for the progress.

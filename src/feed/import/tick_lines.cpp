@@ -257,10 +257,11 @@ const char* folderDealLine(const Line& line, std::string_view market, TickLine& 
     if (const char* const fault = folderSequence(line, market, tick))
         return fault;
     dealNumberOf(line[Field::DealNumber], tick);
-    const char type = codeOf(line[Field::ExecType]);
+    const std::string_view cell = line[Field::ExecType];
+    const char type = codeOf(cell);
     if (type == 'C' || type == '4')
         return shenzhenCancel(line, tick);
-    if (type != '\0' && type != '0' && type != 'F')
+    if (!cell.empty() && type != '0' && type != 'F')
         return kBadType;
     if (const char* const fault = dealOf(line, tick))
         return fault;

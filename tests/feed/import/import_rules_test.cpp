@@ -93,6 +93,13 @@ TEST(ImportRules, ForeignTablesBesideTheLayoutAreNotedAndLeftAlone)
     EXPECT_EQ(result.report.totalLines(), 2);
 }
 
+TEST(ImportRules, ADamagedTableIsNoForeignOne)
+{
+    const std::string damaged = "\x28\xB5\x2F\xFD damage damage damage";
+    const ImportResult result = import({{"d.csv.zst", damaged}, {"o.csv", kOrders + goodLines(2)}});
+    EXPECT_EQ(result.error.text().substr(0, 29), "d.csv.zst: damaged zstd data:");
+}
+
 TEST(ImportRules, TheDayComesFromOptionsRowsOrPathAndIsAskedForOtherwise)
 {
     const std::string text = kOrders + goodLines(1);
@@ -130,10 +137,25 @@ TEST(ImportRules, KindAndTickComeFromTheCode)
         return result.days.at(0).detail;
     };
     EXPECT_EQ(detail("600000").priceTick, 0.01);
+    EXPECT_EQ(detail("900901").priceTick, 0.001) << "dollars";
     EXPECT_EQ(detail("510300").priceTick, 0.001);
     EXPECT_EQ(detail("510300").kind, nelservice::EInstrumentKind::Fund);
     EXPECT_EQ(detail("113050").priceTick, 0.001);
     EXPECT_EQ(detail("204001").priceTick, 0.005);
+}
+
+TEST(ImportRules, AFolderThatDoesNotTellTheMarketHasThatOfTheCodeRanges)
+{
+    const auto market = [](const std::string& code) {
+        const std::string table = "时间,申卖价1,申买价1\n93003000,1000100,1000000\n";
+        return import({{code + "-20240102/s.csv", table}}).days.at(0).detail.market;
+    };
+    EXPECT_EQ(market("600000"), "SH");
+    EXPECT_EQ(market("204001"), "SH");
+    EXPECT_EQ(market("019547"), "SH");
+    EXPECT_EQ(market("000001"), "SZ") << "an index at Shanghai, a stock at Shenzhen";
+    EXPECT_EQ(market("300274"), "SZ");
+    EXPECT_EQ(market("131810"), "SZ");
 }
 
 TEST(SnapshotImport, AnEmptyCellStandsForZeroAndRowsAreOrderedByTime)

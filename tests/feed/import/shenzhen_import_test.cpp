@@ -127,6 +127,21 @@ TEST(ShenzhenImport, AFolderHoldsOneInstrument)
     EXPECT_EQ(result.report.rejects.countByReason().at("instrument of another folder"), 1);
 }
 
+TEST(ShenzhenImport, ADealOfAFolderIsKnownByItsCodeOrByNone)
+{
+    feed::ImportOptions options;
+    options.mostRejected = 1;
+    const std::string header = "自然日,时间,成交编号,成交代码,成交价格,成交数量,叫卖序号,叫买序号\n";
+    const feed::ImportResult result =
+        import({{"20240102/000001.SZ/d.csv", header + "20240102,93000010,5,0,146500,100,2,1\n"
+                                                      "20240102,93000020,6,,146500,100,2,1\n"
+                                                      "20240102,93000030,7,XX,146500,100,2,1\n"}},
+               options);
+    ASSERT_EQ(result.days.size(), 1u);
+    EXPECT_EQ(result.days[0].deals.size(), 2u);
+    EXPECT_EQ(result.report.rejects.countByReason().at("unknown type"), 1);
+}
+
 TEST(ShenzhenImport, ShanghaiFoldersNeedTheCommonSequence)
 {
     const std::string orders =
