@@ -252,7 +252,8 @@ void ReplaySession::deliverHistory(const Position& to)
     m_loaded = anyOrderStands(to);
 }
 
-/// Whether any of the orders so far has a rest that was neither dealt nor cancelled.
+/// Whether any of the orders so far has a rest that was neither dealt nor cancelled. Of records that are no
+/// standing orders none is left, whatever their volume.
 bool ReplaySession::anyOrderStands(const Position& at) const
 {
     absl::flat_hash_map<std::int64_t, double> ended;
@@ -266,6 +267,8 @@ bool ReplaySession::anyOrderStands(const Position& at) const
     }
     return std::any_of(m_day.orders.begin(), m_day.orders.begin() + static_cast<std::ptrdiff_t>(at.orders),
                        [&](const OrderRow& row) {
+                           if ((row.side != 1 && row.side != 2) || row.kind == quoter::eOrderNotStanding)
+                               return false;
                            const auto it = ended.find(row.number);
                            return it == ended.end() || it->second < static_cast<double>(row.volume);
                        });

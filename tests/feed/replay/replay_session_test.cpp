@@ -154,6 +154,22 @@ TEST(ReplaySession, ALoadIsRepeatedUntilAnOrderIsLeftStanding)
     EXPECT_THAT(sink.take(), ElementsAre("deals 5 s1 310:4"));
 }
 
+TEST(ReplaySession, ARecordThatIsNoStandingOrderEndsNoLoad)
+{
+    InstrumentDay day = dayOf("o110 o210 o310");
+    day.orders[0].kind = quoter::eOrderNotStanding;
+    RecordingSink sink;
+    ReplaySession session(day, sink);
+    session.startAt(100);
+    sink.take();
+    session.advanceTo(200);
+    EXPECT_THAT(sink.take(), ElementsAre("deals 1 s0", "orders 0 s0 110:1", "deals 2 s1"));
+    session.advanceTo(300);
+    EXPECT_THAT(sink.take(), ElementsAre("deals 3 s0", "orders 1 s0 110:1 210:2", "deals 4 s1"));
+    session.advanceTo(400);
+    EXPECT_THAT(sink.take(), ElementsAre("orders 2 s1 310:3"));
+}
+
 TEST(ReplaySession, ADayWithoutOrdersNeverAnnouncesAny)
 {
     const InstrumentDay day = dayOf("d10 q20 s20 d150 q200");
