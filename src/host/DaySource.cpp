@@ -1,10 +1,10 @@
 #include "host/DaySource.h"
 
 #include "feed/archive/DayArchiveReader.h"
+#include "feed/csv/values.h"
 #include "feed/import/importDay.h"
 #include "feed/simulation/SimulatedExchange.h"
 #include "host/terminal.h"
-#include "platform/utils/exchange_time.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -136,8 +136,7 @@ bool simulationSettings(const DaySource& source, feed::SimulationSettings& setti
     if (source.orders > 0)
         settings.orders = source.orders;
     if (source.date != 0) {
-        if (source.date < 0 || source.date > 99999999 ||
-            utils::exchangeTime(static_cast<int>(source.date), 0, 0, 0, 0) < 0) {
+        if (!feed::isDate(source.date)) {
             error = std::to_string(source.date) + " is no day (yyyymmdd)";
             return false;
         }

@@ -1,5 +1,7 @@
 #include "feed/csv/values.h"
 
+#include "platform/utils/civil_date.h"
+
 #include <charconv>
 #include <cmath>
 #include <limits>
@@ -117,14 +119,12 @@ bool digitTime(std::string_view text, TimeDigits digits, std::int64_t& ms)
 
 bool isDate(std::int64_t yyyymmdd)
 {
-    const std::int64_t year = yyyymmdd / 10000;
-    const std::int64_t month = yyyymmdd / 100 % 100;
-    const std::int64_t day = yyyymmdd % 100;
-    if (year < 1970 || year > 9999 || month < 1 || month > 12 || day < 1)
+    constexpr std::int64_t kFirst = 19700101;
+    constexpr std::int64_t kLast = 99991231;
+    if (yyyymmdd < kFirst || yyyymmdd > kLast)
         return false;
-    constexpr int kDays[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-    const bool leap = (year % 4 == 0 && year % 100 != 0) || year % 400 == 0;
-    return day <= kDays[month - 1] + (month == 2 && leap ? 1 : 0);
+    const auto date = static_cast<int>(yyyymmdd);
+    return utils::isCivilDate(date / 10000, date / 100 % 100, date % 100);
 }
 
 bool parseInteger(std::string_view cell, std::int64_t& value)

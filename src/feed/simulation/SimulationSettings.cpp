@@ -1,7 +1,7 @@
 #include "feed/simulation/SimulationSettings.h"
 
+#include "feed/csv/values.h"
 #include "feed/simulation/TickScale.h"
-#include "feed/simulation/TradingHours.h"
 
 #include <algorithm>
 #include <cmath>
@@ -56,7 +56,7 @@ SimulationSettings instrument(std::uint64_t seed, const char* market, const char
 SimulationSettings usable(const SimulationSettings& settings)
 {
     SimulationSettings result = settings;
-    if (!hours::isCalendarDay(result.tradingDay))
+    if (!isDate(result.tradingDay))
         result.tradingDay = SimulationSettings().tradingDay;
     nelservice::CInstrumentDetail& detail = result.detail;
     detail.priceTick = detail.priceTick > 0 ? within(detail.priceTick, 0.0001, 100, 0.01) : 0.01;

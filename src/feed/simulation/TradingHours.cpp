@@ -1,28 +1,12 @@
 #include "feed/simulation/TradingHours.h"
 
+#include "feed/csv/values.h"
+#include "platform/utils/exchange_time.h"
+
 namespace feed::hours {
 namespace {
 
 constexpr std::int64_t kFallbackDay = 20230201;
-constexpr std::int64_t kDayMs = 86400000;
-constexpr std::int64_t kZoneMs = 8 * 3600000;
-
-int daysInMonth(std::int64_t year, std::int64_t month)
-{
-    static constexpr int kDays[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
-    const bool leap = (year % 4 == 0 && year % 100 != 0) || year % 400 == 0;
-    return month == 2 && leap ? 29 : kDays[month - 1];
-}
-
-/// Days since 1970-01-01 of a date of the Gregorian calendar, counted in years that begin in March.
-std::int64_t daysSinceEpoch(std::int64_t year, std::int64_t month, std::int64_t day)
-{
-    year -= month <= 2 ? 1 : 0;
-    const std::int64_t era = year / 400;
-    const std::int64_t yearOfEra = year - era * 400;
-    const std::int64_t dayOfYear = (153 * (month + (month > 2 ? -3 : 9)) + 2) / 5 + day - 1;
-    return era * 146097 + yearOfEra * 365 + yearOfEra / 4 - yearOfEra / 100 + dayOfYear - 719468;
-}
 
 } // namespace
 
@@ -55,19 +39,9 @@ bool takesCancels(double secondOfDay)
     return phase == Phase::Continuous || (phase == Phase::OpeningAuction && secondOfDay < kNoCancels);
 }
 
-bool isCalendarDay(std::int64_t yyyymmdd)
-{
-    const std::int64_t year = yyyymmdd / 10000;
-    const std::int64_t month = yyyymmdd / 100 % 100;
-    const std::int64_t day = yyyymmdd % 100;
-    return year >= 1970 && year <= 9999 && month >= 1 && month <= 12 && day >= 1 &&
-           day <= daysInMonth(year, month);
-}
-
 std::int64_t midnightOf(std::int64_t yyyymmdd)
 {
-    const std::int64_t day = isCalendarDay(yyyymmdd) ? yyyymmdd : kFallbackDay;
-    return daysSinceEpoch(day / 10000, day / 100 % 100, day % 100) * kDayMs - kZoneMs;
+    return utils::exchangeTime(static_cast<int>(isDate(yyyymmdd) ? yyyymmdd : kFallbackDay), 0, 0, 0, 0);
 }
 
 } // namespace feed::hours

@@ -33,11 +33,8 @@ bool takesOrders(double secondOfDay);
 /// trading.
 bool takesCancels(double secondOfDay);
 
-/// Whether `yyyymmdd` is a day of the calendar from 1970 to 9999.
-bool isCalendarDay(std::int64_t yyyymmdd);
-
 /// Milliseconds since 1970-01-01 UTC of midnight, exchange time, of the day `yyyymmdd`. A number that is no
-/// day gives that of 20230201.
+/// day from 1970 to 9999 gives that of 20230201.
 std::int64_t midnightOf(std::int64_t yyyymmdd);
 
 } // namespace feed::hours

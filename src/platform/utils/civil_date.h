@@ -38,4 +38,11 @@ constexpr CivilDate civilFromDays(std::int64_t days)
     return {static_cast<int>(year), month, static_cast<int>(dayOfYear - (153 * monthFromMarch + 2) / 5 + 1)};
 }
 
+/// Whether the numbers are a date of the calendar; years 1 to 9999.
+constexpr bool isCivilDate(int year, int month, int day)
+{
+    return year >= 1 && year <= 9999 && month >= 1 && month <= 12 && day >= 1 && day <= 31 &&
+           civilFromDays(daysFromCivil(year, month, day)).day == day;
+}
+
 } // namespace utils

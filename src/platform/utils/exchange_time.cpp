@@ -76,17 +76,14 @@ std::int64_t exchangeTime(int yyyymmdd, int hour, int minute, int second, int mi
     const int year = yyyymmdd / 10000;
     const int month = yyyymmdd / 100 % 100;
     const int day = yyyymmdd % 100;
-    if (year < 1 || year > 9999 || month < 1 || month > 12 || day < 1 || day > 31)
+    if (!isCivilDate(year, month, day))
         return -1;
     if (hour < 0 || hour > 23 || minute < 0 || minute > 59 || second < 0 || second > 59)
         return -1;
     if (millisecond < 0 || millisecond > 999)
         return -1;
-    const std::int64_t days = daysFromCivil(year, month, day);
-    if (civilFromDays(days).day != day)
-        return -1;
     const std::int64_t timeOfDay = ((hour * 60 + minute) * 60 + second) * kMSecPerSecond + millisecond;
-    return days * kMSecPerDay + timeOfDay - kExchangeOffset;
+    return daysFromCivil(year, month, day) * kMSecPerDay + timeOfDay - kExchangeOffset;
 }
 
 int exchangeDate(std::int64_t msSince1970)
