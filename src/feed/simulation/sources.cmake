@@ -1,6 +1,5 @@
 # The simulated exchange, relative to src/feed. Listed here so that the folder keeps its own account of its files.
 set(DEPTH_FEED_SIMULATION_SOURCES
-  record_making.cpp
   simulation/ArrivalTimes.cpp
   simulation/AuctionPrice.cpp
   simulation/MarketChannel.cpp
