@@ -71,22 +71,18 @@ void CLogCenter::asyncLog(int level, const std::string& text)
 {
     {
         std::unique_lock<std::mutex> lock(m_mutex);
+        if (!m_stopping && !m_worker.joinable())
+            m_worker = std::thread([this] { work(); });
+        if (!onWorker())
+            m_written.wait(lock, [this] { return m_lines.size() < kMostWaitingLines || m_stopping; });
         if (!m_stopping) {
-            if (!m_worker.joinable())
-                m_worker = std::thread([this] { work(); });
-            if (!onWorker())
-                m_written.wait(lock, [this] { return m_lines.size() < kMostWaitingLines || m_stopping; });
             m_lines.push_back({level, text});
             ++m_handedOver;
-            if (!m_stopping) {
-                m_arrived.notify_one();
-                return;
-            }
-            // Shut down while waiting: the worker may have gone already.
-            m_lines.pop_back();
-            --m_handedOver;
+            m_arrived.notify_one();
+            return;
         }
     }
+    // Shut down, perhaps while this call waited for room: the worker may have gone already.
     writeLine(level, text, log4cxx::spi::LocationInfo::getLocationUnavailable());
 }
 
