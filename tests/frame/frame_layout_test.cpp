@@ -58,8 +58,8 @@ TEST_F(Frame, PutsTheFoldButtonIntoTheCornerAndTheFilterLeftOfIt)
 
 TEST_F(Frame, UsesTheWidthOfTheFrontButtons)
 {
-    button(0)->resize(40, 18);
-    button(8)->resize(50, 18);
+    button(0)->setFixedSize(40, 18);
+    button(8)->setFixedSize(50, 18);
     frame->setQueueModel(0);
     frame->setQueueModel(8);
     frame->resize(300, 100);

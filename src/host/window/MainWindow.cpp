@@ -22,9 +22,9 @@ namespace host {
 
 namespace {
 
-constexpr int kFollowMs = 100;   // between two looks at the replay's time
-constexpr int kListWidth = 300;  // pixels
-constexpr int kQueueWidth = 980; // pixels
+constexpr int kFollowMs = 100;    // between two looks at the replay's time
+constexpr int kListWidth = 280;   // pixels
+constexpr int kQueueWidth = 1000; // pixels
 constexpr QSize kUsualSize(1280, 800);
 constexpr std::int64_t kUsualTimeOfDay = (9 * 60 + 30) * 60 * utils::kMSecPerSecond; // the open
 
@@ -118,6 +118,7 @@ void MainWindow::connectReplay()
         Q_EMIT shown();
     });
     connect(m_player.get(), &ReplayPlayer::ended, this, [this] {
+        m_atEnd = true;
         setPlaying(false);
         followReplay();
     });
@@ -189,6 +190,7 @@ void MainWindow::showDay(int index, const DayPtr& day)
     const std::int64_t timeOfDay = utils::timeOfDayMs(m_player->now());
     const bool first = !m_day;
     m_sourceIsNew = false;
+    m_atEnd = false;
     m_day = day;
     m_index = index;
     m_range = dayRange(*day);
@@ -199,6 +201,8 @@ void MainWindow::showDay(int index, const DayPtr& day)
     m_list->setShown(index);
     setWindowTitle(QString::fromStdString(day->detail.name + ' ' + day->detail.code) +
                    QStringLiteral(" — 逐笔委托队列"));
+    if (day->orders.empty() && day->queues.empty())
+        m_messages->showNote(QStringLiteral("此日没有逐笔委托，也没有公布的队列：委托队列为空"));
     m_player->open(day, goesOn ? momentIn(m_range, timeOfDay) : firstMoment());
     if (first && m_options.playing)
         setPlaying(true);
@@ -243,13 +247,15 @@ void MainWindow::showRowOfDay()
 
 void MainWindow::seek(std::int64_t moment)
 {
-    if (m_day)
-        m_player->seek(std::clamp(moment, m_range.begin, m_range.end));
+    if (!m_day)
+        return;
+    m_atEnd = false;
+    m_player->seek(std::clamp(moment, m_range.begin, m_range.end));
 }
 
 void MainWindow::setPlaying(bool playing)
 {
-    if (playing && m_day && m_player->now() >= m_range.end)
+    if (playing && m_atEnd)
         seek(m_range.begin);
     if (playing)
         m_player->play();

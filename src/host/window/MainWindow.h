@@ -101,6 +101,7 @@ private:
     DayRange m_range;
     int m_index = -1;           ///< row of the day in the list
     bool m_sourceIsNew = false; ///< the list is of a source of which no day is shown yet
+    bool m_atEnd = false;       ///< the day was played to its end: playing begins anew
     bool m_closeAsked = false;  ///< the panel was told of the close
     std::int64_t m_close = -1;  ///< ms since 1970-01-01 UTC
 };

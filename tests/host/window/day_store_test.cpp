@@ -122,7 +122,7 @@ TEST(DayStore, AnImportKeepsItsDays)
         "2,1,600999,09:30:01.000,A,0,11,10.02,300,0,S\n");
     host::DaySource source;
     source.layout = "auto";
-    source.path = folder.path().toStdString();
+    source.path = folder.path().toStdString() + "/20230201";
     host::DayStore store(source);
     std::string error;
     ASSERT_TRUE(store.open({}, error)) << error;

@@ -7,6 +7,8 @@
 #include "platform/toolkit/CPushButton.h"
 #include "queue_view/CDepthOrderQueueWidget.h"
 
+#include <boost/make_shared.hpp>
+
 #include <gtest/gtest.h>
 
 #include <QSignalSpy>

@@ -133,7 +133,7 @@ TEST_F(Player, GoesBackByTheHistoryUpToThere)
 TEST_F(Player, PlaysAndPauses)
 {
     player.open(day, start);
-    player.setSpeed(100);
+    player.setSpeed(10);
     ASSERT_TRUE(waitUntil([&] { return begins == 1; }));
     letRun(60);
     EXPECT_EQ(player.now(), start) << "paused at first";
