@@ -27,7 +27,8 @@ constexpr int kCentre = Qt::AlignHCenter | Qt::AlignVCenter;
 /// What a painter did, in order.
 using Drawing = std::vector<PaintCommand>;
 
-/// Records what `paint` draws on a device of this size.
+/// Records what `paint` draws on a device of this size. A text is one command, also where its letters come
+/// from several fonts.
 Drawing record(const QSize& size, const std::function<void(QPainter&)>& paint);
 
 /// Colour and font of the theme in force.

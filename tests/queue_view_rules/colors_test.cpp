@@ -169,3 +169,9 @@ TEST_F(Colors, ALastCloseThatIsNotFiniteGivesWayToTheInstruments)
         EXPECT_EQ(view.getLastClosePrice(), 10);
     }
 }
+
+TEST_F(Colors, WithoutAnInstrumentALastCloseThatIsNotFiniteIsZero)
+{
+    view.m_lastClose = std::numeric_limits<double>::infinity();
+    EXPECT_EQ(view.getLastClosePrice(), 0);
+}

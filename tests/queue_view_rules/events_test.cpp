@@ -4,7 +4,31 @@
 
 using namespace queue_view_rules;
 
-using Events = QueueViewTest;
+namespace {
+
+class Events : public QueueViewTest
+{
+protected:
+    /// Shows the panel, whose picture is then replaced by magenta, and renders it on `ground`.
+    void prepare()
+    {
+        view.setMinimumSize(0, 0);
+        view.resize(400, 300);
+        view.show();
+        QApplication::processEvents();
+        view.m_pixmap.fill(Qt::magenta);
+    }
+
+    QImage rendered(const QColor& ground)
+    {
+        QImage image(400, 300, QImage::Format_RGB32);
+        image.fill(ground);
+        view.render(&image, QPoint(), QRegion(), QWidget::RenderFlags());
+        return image;
+    }
+};
+
+} // namespace
 
 TEST_F(Events, AModeFromAboveIsTakenAndApplied)
 {
@@ -63,35 +87,25 @@ TEST_F(Events, DrawGraphShowsNothingByItself)
 
 TEST_F(Events, PaintingCopiesThePicture)
 {
-    layOut(400, 300);
-    view.m_pixmap.fill(Qt::magenta);
-    QImage image(400, 300, QImage::Format_RGB32);
-    image.fill(Qt::black);
-    view.render(&image, QPoint(), QRegion(), QWidget::RenderFlags());
-    EXPECT_EQ(image.pixelColor(0, 0), QColor(Qt::magenta));
-    EXPECT_EQ(image.pixelColor(399, 299), QColor(Qt::magenta));
+    prepare();
+    const QImage image = rendered(Qt::black);
+    EXPECT_EQ(image.pixelColor(0, 0).name(), "#ff00ff");
+    EXPECT_EQ(image.pixelColor(399, 299).name(), "#ff00ff");
 }
 
 TEST_F(Events, PaintingPutsThePictureIntoTheClientRectangle)
 {
-    layOut(400, 300);
-    view.m_pixmap.fill(Qt::magenta);
+    prepare();
     view.m_clientRect = QRect(0, 0, 200, 150);
-    QImage image(400, 300, QImage::Format_RGB32);
-    image.fill(Qt::black);
-    view.render(&image, QPoint(), QRegion(), QWidget::RenderFlags());
-    EXPECT_EQ(image.pixelColor(199, 149), QColor(Qt::magenta));
-    EXPECT_EQ(image.pixelColor(201, 151), QColor(Qt::black));
+    const QImage image = rendered(Qt::black);
+    EXPECT_EQ(image.pixelColor(199, 149).name(), "#ff00ff");
+    EXPECT_EQ(image.pixelColor(201, 151).name(), "#000000");
 }
 
 TEST_F(Events, PaintingWithoutAPicturePaintsNothing)
 {
-    layOut(400, 300);
+    prepare();
     view.m_pixmap = QPixmap();
-    QImage image(400, 300, QImage::Format_RGB32);
-    image.fill(Qt::cyan);
-    view.render(&image, QPoint(), QRegion(), QWidget::RenderFlags());
-    EXPECT_EQ(image.pixelColor(200, 150), QColor(Qt::cyan));
-    view.drawGraph();
-    EXPECT_TRUE(view.m_pixmap.isNull());
+    const QImage image = rendered(Qt::cyan);
+    EXPECT_EQ(image.pixelColor(200, 150).name(), "#00ffff");
 }

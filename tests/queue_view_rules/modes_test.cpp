@@ -108,7 +108,7 @@ TEST_F(QueueMode, FullAloneIsOnlyStored)
 
 TEST_F(QueueMode, FullAloneMakesAllLevelsListTheirOrdersAtOnce)
 {
-    layOut(600, 400);
+    layOut(600, 900);
     view.setStyle(5);
     view.setQueueFull(true);
     setPlainRows(2, 60);

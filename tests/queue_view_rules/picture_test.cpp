@@ -426,3 +426,16 @@ TEST_F(Picture, WhenTheBarAppearsThePictureIsDrawnForIt)
     EXPECT_EQ(image.pixelColor(174, 7), super) << "third column";
     EXPECT_EQ(image.pixelColor(224, 7), themeColor(kBack)) << "no fourth one";
 }
+
+TEST_F(Picture, ThePixmapIsNotReplacedWhileItIsBeingPainted)
+{
+    {
+        QPainter painter(&view.m_pixmap);
+        view.resize(500, 300);
+        view.resetLayout();
+        EXPECT_EQ(view.m_pixmap.size(), QSize(600, 400) * view.m_pixmap.devicePixelRatio());
+        EXPECT_TRUE(painter.isActive());
+    }
+    view.resetLayout();
+    EXPECT_EQ(view.m_pixmap.size(), QSize(500, 300) * view.m_pixmap.devicePixelRatio());
+}

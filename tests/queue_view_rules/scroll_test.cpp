@@ -269,6 +269,7 @@ TEST_F(Scroll, TheCentreStandsInTheMiddleOfTheClient)
 {
     horizontal();
     setSlider(0);
+    view.m_centerOffset = 0;
     view.setScrollCenter();
     EXPECT_EQ(view.m_centerY, 200);
     EXPECT_EQ(slider(), 100);
