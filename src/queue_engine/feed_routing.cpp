@@ -36,6 +36,13 @@ void addSaturated(int& counter, std::size_t records)
     counter = clampToInt(counter + static_cast<std::int64_t>(std::min<std::size_t>(records, 0x7fffffff)));
 }
 
+/// The last record of a batch; null if there is none, or if it is null or of another type.
+template <class Record>
+const Record* lastOf(const quoter::QuoterBatch& batch)
+{
+    return batch.empty() ? nullptr : quoter::recordCast<Record>(batch.back().get());
+}
+
 } // namespace
 
 void CDepthModelOrderQueue::quoterCallBack(int seq, int status,
@@ -186,11 +193,9 @@ void CDepthModelOrderQueue::doOrderCallBack(int /*seq*/, int status,
         updateUnDealOrderCache();
     }
 
-    if (!batch.empty() && batch.back()) {
-        if (const auto* last = quoter::recordCast<quoter::OrderData>(batch.back().get())) {
-            keepFeedTime(last->m_time);
-            m_maxEntrustNo = std::max(m_maxEntrustNo, last->entrustNo);
-        }
+    if (const auto* last = lastOf<quoter::OrderData>(batch)) {
+        keepFeedTime(last->m_time);
+        m_maxEntrustNo = std::max(m_maxEntrustNo, last->entrustNo);
     }
     checkInvariants();
 }
@@ -222,11 +227,9 @@ void CDepthModelOrderQueue::doDealCallBack(int /*seq*/, int status,
         appendTransactionDealData(status, batch);
     }
 
-    if (!batch.empty() && batch.back()) {
-        if (const auto* last = quoter::recordCast<quoter::TransactionData>(batch.back().get())) {
-            keepFeedTime(last->m_time);
-            m_maxDealNo = std::max(m_maxDealNo, last->dealNo);
-        }
+    if (const auto* last = lastOf<quoter::TransactionData>(batch)) {
+        keepFeedTime(last->m_time);
+        m_maxDealNo = std::max(m_maxDealNo, last->dealNo);
     }
     checkInvariants();
 }
