@@ -110,7 +110,7 @@ DayTimeline::DayTimeline(const feed::InstrumentDay& day) : m_day(day)
     rows.reserve(day.snapshots.size());
     for (const feed::SnapshotRow& snapshot : day.snapshots)
         rows.push_back(rowsBefore(day, ticks, snapshot));
-    merge(rows);
+    merge(ticks, rows);
 }
 
 DayTimeline::DayTimeline(const feed::InstrumentDay& day, const std::vector<SnapshotPlace>& places)
@@ -121,12 +121,11 @@ DayTimeline::DayTimeline(const feed::InstrumentDay& day, const std::vector<Snaps
     for (const SnapshotPlace& place : places)
         rows.push_back(place.rows);
     rows.resize(day.snapshots.size(), day.orders.size() + day.deals.size());
-    merge(rows);
+    merge(mergeTicks(day), rows);
 }
 
-void DayTimeline::merge(const std::vector<std::size_t>& snapshotRows)
+void DayTimeline::merge(const std::vector<Entry>& ticks, const std::vector<std::size_t>& snapshotRows)
 {
-    const std::vector<Entry> ticks = mergeTicks(m_day);
     m_entries.reserve(ticks.size() + m_day.snapshots.size() + m_day.queues.size());
     std::size_t snapshot = 0;
     std::size_t queue = 0;

@@ -61,7 +61,7 @@ public:
     const feed::InstrumentDay& day() const { return m_day; }
 
 private:
-    void merge(const std::vector<std::size_t>& snapshotRows);
+    void merge(const std::vector<Entry>& ticks, const std::vector<std::size_t>& snapshotRows);
 
     const feed::InstrumentDay& m_day;
     std::vector<Entry> m_entries;
