@@ -12,6 +12,46 @@ namespace {
 
 constexpr double kPercent = 100;
 
+// Options that several commands have, each in the words of its command.
+
+CLI::Option* addSeed(CLI::App& command, host::DaySource& source, const char* words)
+{
+    return command.add_option("--seed", source.seed, words)->check(CLI::NonNegativeNumber)->type_name("N");
+}
+
+CLI::Option* addStyle(CLI::App& command, host::DaySource& source, const char* words)
+{
+    return command.add_option("--style", source.style, words)->check(CLI::IsMember({"tick", "level"}));
+}
+
+CLI::Option* addOrders(CLI::App& command, const char* name, host::DaySource& source, const char* words)
+{
+    return command.add_option(name, source.orders, words)
+        ->check(CLI::Range(std::int64_t(1), std::int64_t(20000000)));
+}
+
+void addDate(CLI::App& command, host::DaySource& source, const char* words)
+{
+    command.add_option("--date", source.date, words)
+        ->check(CLI::Range(std::int64_t(10101), std::int64_t(99991231)));
+}
+
+void addRefresh(CLI::App& command, std::int64_t& ms)
+{
+    command
+        .add_option("--refresh-ms", ms,
+                    "Fixed refresh interval of the engine in feed time; without it a refresh comes wherever "
+                    "one is needed")
+        ->check(CLI::Range(std::int64_t(1), std::int64_t(3600000)));
+}
+
+/// The archive that a command writes.
+void addArchive(CLI::App& command, std::string& folder, bool& compress)
+{
+    command.add_option("--out", folder, "Folder of the archive")->required()->type_name("DIR");
+    command.add_flag("--zstd", compress, "Compress the tables");
+}
+
 /// The options that say where a day comes from, and what they were given.
 struct SourceArguments
 {
@@ -30,22 +70,15 @@ struct SourceArguments
                          "Files in a vendor's layout; `auto` tells the layout by the headers")
             ->expected(2)
             ->type_name("LAYOUT PATH");
-        seed = group->add_option("--seed", source.seed, "A simulated day")
-                   ->check(CLI::NonNegativeNumber)
-                   ->type_name("N");
+        seed = addSeed(*group, source, "A simulated day");
         group->require_option(1);
         command.add_option(
             "--instrument", source.instrument,
             "Instrument of the day by its code; with --seed its kind: stock, shenzhen, growth, fund, "
             "bond, repurchase");
-        command.add_option("--style", source.style, "With --seed: tick, or level for a day without orders")
-            ->check(CLI::IsMember({"tick", "level"}))
-            ->needs(seed);
-        command.add_option("--day-orders", source.orders, "With --seed: orders of the day")
-            ->check(CLI::Range(std::int64_t(1), std::int64_t(20000000)))
-            ->needs(seed);
-        command.add_option("--date", source.date, "Trading day yyyymmdd, of a simulated or imported day")
-            ->check(CLI::Range(std::int64_t(10101), std::int64_t(99991231)));
+        addStyle(command, source, "With --seed: tick, or level for a day without orders")->needs(seed);
+        addOrders(command, "--day-orders", source, "With --seed: orders of the day")->needs(seed);
+        addDate(command, source, "Trading day yyyymmdd, of a simulated or imported day");
         addRejects(command);
     }
 
@@ -88,19 +121,13 @@ struct Simulate
     {
         CLI::App* command =
             app.add_subcommand("simulate", "Writes a day of the simulated exchange as an archive");
-        command->add_option("--out", options.folder, "Folder of the archive")->required()->type_name("DIR");
-        command->add_option("--seed", options.source.seed, "The same seed gives the same day (1)")
-            ->check(CLI::NonNegativeNumber)
-            ->type_name("N");
+        addArchive(*command, options.folder, options.compress);
+        addSeed(*command, options.source, "The same seed gives the same day (1)");
         command->add_option("--instrument", options.source.instrument, "Kind of the instrument (stock)")
             ->check(CLI::IsMember(host::simulatedKinds()));
-        command->add_option("--orders", options.source.orders, "Orders of the day (20000)")
-            ->check(CLI::Range(std::int64_t(1), std::int64_t(20000000)));
-        command->add_option("--style", options.source.style, "tick, or level for a day without orders (tick)")
-            ->check(CLI::IsMember({"tick", "level"}));
-        command->add_option("--date", options.source.date, "Trading day yyyymmdd (20230201)")
-            ->check(CLI::Range(std::int64_t(10101), std::int64_t(99991231)));
-        command->add_flag("--zstd", options.compress, "Compress the tables");
+        addOrders(*command, "--orders", options.source, "Orders of the day (20000)");
+        addStyle(*command, options.source, "tick, or level for a day without orders (tick)");
+        addDate(*command, options.source, "Trading day yyyymmdd (20230201)");
         command->add_flag("--json", options.json, "Print the counts as JSON");
         return command;
     }
@@ -118,15 +145,12 @@ struct Import
         command->footer(layoutList());
         command->add_option("layout", options.source.layout, "Layout of the files, or auto")->required();
         command->add_option("path", options.source.path, "File or folder")->required();
-        command->add_option("--out", options.folder, "Folder of the archive")->required()->type_name("DIR");
+        addArchive(*command, options.folder, options.compress);
         command->add_option("--instrument", options.source.instrument, "Only the instrument with this code");
-        command
-            ->add_option("--date", options.source.date, "Trading day yyyymmdd, where the files don't tell it")
-            ->check(CLI::Range(std::int64_t(10101), std::int64_t(99991231)));
+        addDate(*command, options.source, "Trading day yyyymmdd, where the files don't tell it");
         rejects.addRejects(*command);
         command->add_option("--list-rejects", options.mostListed, "Rejected lines that are printed (10)")
             ->check(CLI::NonNegativeNumber);
-        command->add_flag("--zstd", options.compress, "Compress the tables");
         command->add_flag("--json", options.json, "Print the report as JSON");
         return command;
     }
@@ -162,10 +186,7 @@ struct Show
             ->type_name("FACTOR");
         command->add_option("--from", options.from, "Beginning of a running day (09:25)")->type_name("TIME");
         command->add_option("--to", options.to, "End of a running day (15:00:30)")->type_name("TIME");
-        command
-            ->add_option("--refresh-ms", options.refreshMs,
-                         "Fixed refresh interval of the engine in feed time")
-            ->check(CLI::Range(std::int64_t(1), std::int64_t(3600000)));
+        addRefresh(*command, options.refreshMs);
         command->add_flag("--json", options.json, "Print the pages as JSON");
         command->add_flag("--hash", options.hash,
                           "Print a 64-bit figure of the engine's whole state at each time");
@@ -194,11 +215,7 @@ struct Verify
             "verify",
             "Holds the rebuilt queue against each published snapshot; exit code 1 when any differs");
         source.add(*command);
-        command
-            ->add_option(
-                "--refresh-ms", options.refreshMs,
-                "Fixed refresh interval in feed time; without it a refresh comes wherever one is needed")
-            ->check(CLI::Range(std::int64_t(1), std::int64_t(3600000)));
+        addRefresh(*command, options.refreshMs);
         command->add_option("--mismatches", options.mostListed, "Mismatches that are listed (10)")
             ->check(CLI::NonNegativeNumber);
         command->add_flag("--json", options.json, "Print the result as JSON");
@@ -244,13 +261,13 @@ int runDepth(int argc, char** argv, std::ostream& out, std::ostream& err)
     }
 
     try {
-        if (simulateCommand->parsed())
-            return host::runSimulate(simulate.options, out, err);
-        if (importCommand->parsed())
-            return import.run(out, err);
-        if (showCommand->parsed())
-            return show.run(out, err);
-        return verify.run(out, err);
+        const int code = simulateCommand->parsed() ? host::runSimulate(simulate.options, out, err)
+                         : importCommand->parsed() ? import.run(out, err)
+                         : showCommand->parsed()   ? show.run(out, err)
+                                                   : verify.run(out, err);
+        if (code != host::kExitError && !out.flush())
+            return host::fail(err, "the output cannot be written");
+        return code;
     } catch (const std::exception& failure) {
         return host::fail(err, failure.what());
     }

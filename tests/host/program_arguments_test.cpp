@@ -2,6 +2,7 @@
 
 #include "RunProgram.h"
 
+#include <QProcess>
 #include <gtest/gtest.h>
 
 namespace {
@@ -56,6 +57,17 @@ INSTANTIATE_TEST_SUITE_P(
         WrongArguments{
             "RejectsBeyondAll", {"verify", "--seed", "1", "--max-rejects", "101"}, "--max-rejects"}),
     [](const auto& param) { return std::string(param.param.name); });
+
+TEST(Program, FailsWhenItsOutputCannotBeWritten)
+{
+    QProcess process;
+    process.setStandardOutputFile(QStringLiteral("/dev/full"));
+    process.start(QStringLiteral(DEPTH_PROGRAM),
+                  {"show", "--seed", "1", "--day-orders", "50", "--at", "10:00"});
+    ASSERT_TRUE(process.waitForFinished());
+    EXPECT_EQ(process.exitCode(), 2);
+    EXPECT_EQ(process.readAllStandardError().toStdString(), "error: the output cannot be written\n");
+}
 
 TEST(Program, TellsItsVersion)
 {
