@@ -120,6 +120,18 @@ TEST(ProgramArchive, AnImportTellsItsRejectsByReasonAndLine)
     EXPECT_EQ(page.exitCode, 0);
 }
 
+TEST(ProgramArchive, MoreRejectsThanAreKeptAreToldToBeMore)
+{
+    QTemporaryDir folder;
+    const QString from = folder.path() + "/20230201";
+    writeVendorFiles(from, 10, 1200);
+    const ProgramRun run = runProgram({"import", "auto", from, "--out", folder.path() + "/out",
+                                       "--list-rejects", "5000", "--accept-rejects"});
+    EXPECT_EQ(run.exitCode, 0) << run.err.toStdString();
+    EXPECT_TRUE(run.out.contains(QStringLiteral("1200 lines rejected:"))) << run.out.toStdString();
+    EXPECT_TRUE(run.out.contains(QStringLiteral("\n  ...\n"))) << run.out.toStdString();
+}
+
 TEST(ProgramArchive, TooManyRejectsFailUnlessTheyAreAccepted)
 {
     QTemporaryDir folder;

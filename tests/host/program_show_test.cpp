@@ -57,6 +57,22 @@ TEST(ProgramShow, PrintsThePagesOfASmallDay)
                                          buys);
 }
 
+TEST(ProgramShow, TheMorningOf1970HasTimesOfDayToo)
+{
+    SmallDay small;
+    small.buy(1, 10.00, 300).snapshot();
+    // 09:30 at the exchange was 01:30 UTC; 07:00 lies before the moment that times are counted from.
+    constexpr std::int64_t kOpen = 90 * 60 * 1000;
+    small.day.tradingDay = 19700101;
+    small.day.orders[0].time = kOpen;
+    small.day.snapshots[0].time = kOpen;
+    QTemporaryDir folder;
+    ASSERT_TRUE(write(small, folder.path()));
+    const ProgramRun run = runProgram({"show", "--day", folder.path(), "--at", "07:00"});
+    EXPECT_EQ(run.exitCode, 0) << run.err.toStdString();
+    EXPECT_TRUE(run.out.startsWith(QStringLiteral("SH600999 沪市模拟 1970-01-01 07:00:00\n")));
+}
+
 TEST(ProgramShow, ColoursOnlyWhereTheyAreWanted)
 {
     const QStringList base = {"show", "--seed", "1", "--day-orders", "200", "--at", "10:00"};

@@ -55,6 +55,16 @@ TEST(ProgramVerify, TellsMatchedOfComparedPerLevel)
               "order dealt since the last tick");
 }
 
+TEST(ProgramVerify, AnIndexHasNoQueueToVerify)
+{
+    SmallDay small = shortDay();
+    small.day.detail.code = "000001";
+    const Archive archive(small);
+    const ProgramRun run = runProgram({"verify", "--day", archive.folder.path()});
+    EXPECT_EQ(run.exitCode, 2);
+    EXPECT_EQ(run.err.toStdString(), "error: SH000001 has no order queue\n");
+}
+
 TEST(ProgramVerify, ATamperedSnapshotIsCode1WithTimeAndLevel)
 {
     SmallDay small = shortDay();

@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <iosfwd>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -68,10 +69,12 @@ int runVerify(const VerifyCommandOptions& options, std::ostream& out, std::ostre
 int showRunning(const ShowOptions& options, const feed::InstrumentDay& day, std::ostream& out,
                 std::ostream& err);
 
-/// The moment of a time of day ("10:30", "09:25:03", "09:25:03.500") on the day; -1 for other text.
-std::int64_t momentOf(const feed::InstrumentDay& day, const std::string& timeOfDay);
+/// The moment of a time of day ("10:30", "09:25:03", "09:25:03.500") on the day; nothing for other text.
+std::optional<std::int64_t> momentOf(const feed::InstrumentDay& day, const std::string& timeOfDay);
 
-/// "error: ..." on a line of `err`.
+// Each writes its reason as "error: ..." on a line of `err` and answers with the exit code.
 int fail(std::ostream& err, const std::string& reason);
+int failWithoutMoment(std::ostream& err, const std::string& timeOfDay);
+int failWithoutQueue(std::ostream& err, const feed::InstrumentDay& day);
 
 } // namespace host

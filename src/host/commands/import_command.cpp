@@ -73,9 +73,10 @@ void printReport(const feed::ImportReport& report, std::size_t mostListed, std::
     for (const auto& [reason, count] : report.rejects.countByReason())
         out << "  " << count << " x " << reason << '\n';
     const auto& listed = report.rejects.listed();
-    for (std::size_t i = 0; i < std::min(listed.size(), mostListed); ++i)
+    const std::size_t printed = std::min(listed.size(), mostListed);
+    for (std::size_t i = 0; i < printed; ++i)
         out << "  " << listed[i].file << ':' << listed[i].line << ": " << listed[i].reason << '\n';
-    if (static_cast<std::int64_t>(mostListed) < report.rejects.count())
+    if (static_cast<std::int64_t>(printed) < report.rejects.count())
         out << "  ...\n";
 }
 

@@ -36,15 +36,16 @@ int runShow(const ShowOptions& options, std::ostream& out, std::ostream& err)
 
     std::vector<std::int64_t> times;
     for (const std::string& text : options.times.empty() ? kUsualTimes : options.times) {
-        times.push_back(momentOf(day, text));
-        if (times.back() < 0)
-            return fail(err, "not a time of day: " + text + " (10:30 or 09:25:03)");
+        const std::optional<std::int64_t> moment = momentOf(day, text);
+        if (!moment)
+            return failWithoutMoment(err, text);
+        times.push_back(*moment);
     }
     std::sort(times.begin(), times.end());
 
     SteppedEngine engine;
     if (!engine.open(day.detail))
-        return fail(err, day.detail.market + day.detail.code + " has no order queue");
+        return failWithoutQueue(err, day);
     const DayTimeline timeline(day);
     DayPlayer::Options playing;
     playing.tickBeforeCancel = options.refreshMs == 0;

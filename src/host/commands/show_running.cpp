@@ -93,15 +93,16 @@ std::vector<feed::ReplayClock::Break> quietStretches(const DayTimeline& timeline
 int showRunning(const ShowOptions& options, const feed::InstrumentDay& day, std::ostream& out,
                 std::ostream& err)
 {
-    const std::int64_t from = momentOf(day, options.from);
-    const std::int64_t to = momentOf(day, options.to);
-    if (from < 0 || to < 0)
-        return fail(err,
-                    "not a time of day: " + (from < 0 ? options.from : options.to) + " (10:30 or 09:25:03)");
+    const std::optional<std::int64_t> first = momentOf(day, options.from);
+    const std::optional<std::int64_t> last = momentOf(day, options.to);
+    if (!first || !last)
+        return failWithoutMoment(err, first ? options.to : options.from);
+    const std::int64_t from = *first;
+    const std::int64_t to = *last;
 
     SteppedEngine engine;
     if (!engine.open(day.detail))
-        return fail(err, day.detail.market + day.detail.code + " has no order queue");
+        return failWithoutQueue(err, day);
     const DayTimeline timeline(day);
     DayPlayer::Options playing;
     playing.tickBeforeCancel = options.refreshMs == 0;

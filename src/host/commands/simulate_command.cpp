@@ -73,7 +73,8 @@ int runSimulate(const SimulateOptions& options, std::ostream& out, std::ostream&
             exchange.runUntil(time, sink);
             bar.show(time - first, last - first);
         }
-        exchange.runDay(sink);
+        if (!writer.error())
+            exchange.runDay(sink);
     }
     if (!writer.finishInstrument() || !writer.finish())
         return fail(err, writer.error().text());

@@ -3,6 +3,7 @@
 #include "host/Verification.h"
 #include "platform/toolkit/number_formats.h"
 #include "platform/utils/exchange_time.h"
+#include "platform/utils/market_predicates.h"
 
 #include <nlohmann/json.hpp>
 
@@ -204,6 +205,8 @@ int runVerify(const VerifyCommandOptions& options, std::ostream& out, std::ostre
     std::string error;
     if (!loadDay(options.source, day, error))
         return fail(err, error);
+    if (utils::isIndex(day.detail.market, day.detail.code))
+        return failWithoutQueue(err, day);
 
     Verification result;
     {
