@@ -110,7 +110,7 @@ void CDepthOrderQueueWidget::resetLayout()
     m_scrollBar->setGeometry(width() - m_scrollBar->width(), 0, m_scrollBar->width(), height());
     m_scrollBar->setPageStep(m_clientRect.height());
     m_centerOffset = 0;
-    if (!m_drawing)
+    if (!m_drawing && !m_pixmap.paintingActive())
         newPixmap();
     drawGraph();
     updateScroll(false);

@@ -97,4 +97,18 @@ TEST(PaintRecorder, FindsTextsByWhatTheySayAndWhereTheyStand)
     EXPECT_FALSE(recorder.text(QStringLiteral("absent")).standsIn(QRect(0, 0, 90, 20), kRight));
 }
 
+TEST(PaintRecorder, JoinsTheRunsOfATextInSeveralFacesAndNoTwoTexts)
+{
+    PaintRecorder recorder(200, 80);
+    QPainter painter(&recorder);
+    QFont font(QStringLiteral("DejaVu Sans"));
+    font.setFamilies({QStringLiteral("DejaVu Sans"), QStringLiteral("WenQuanYi Micro Hei")});
+    painter.setFont(font);
+    painter.drawText(QRect(0, 0, 100, 20), kRight, QStringLiteral("手/笔"));
+    painter.drawText(QRect(100, 0, 100, 20), kRight, QStringLiteral("手/笔"));
+    painter.end();
+    EXPECT_EQ(recorder.texts(), (QStringList{QStringLiteral("手/笔"), QStringLiteral("手/笔")}));
+    EXPECT_TRUE(recorder.text(QStringLiteral("手/笔")).standsIn(QRect(0, 0, 100, 20), kRight));
+}
+
 } // namespace

@@ -16,6 +16,7 @@ namespace testing_support {
 namespace {
 
 constexpr double kMostDeviation = 1.0; // pixels that a text may stand beside its place
+constexpr double kRunGap = 0.1;        // pixels between the runs of one text, at most
 constexpr int kFallbackDpi = 96;
 
 std::string number(double value)
@@ -245,9 +246,15 @@ public:
 
     void drawTextItem(const QPointF& at, const QTextItem& item) override
     {
+        const QPointF baseline = m_transform.map(at);
+        if (continuesText(baseline, item)) {
+            m_owner.m_commands.back().text += item.text();
+            m_owner.m_commands.back().width += item.width();
+            return;
+        }
         PaintCommand& command = add(PaintCommand::eText);
         command.text = item.text();
-        command.baseline = m_transform.map(at);
+        command.baseline = baseline;
         command.width = item.width();
         command.font = item.font();
     }
@@ -259,6 +266,19 @@ private:
         command.kind = kind;
         m_owner.m_commands.push_back(command);
         return m_owner.m_commands.back();
+    }
+
+    /// A text with letters of several faces comes in runs: one that begins where the command before ended is
+    /// the same text.
+    bool continuesText(const QPointF& baseline, const QTextItem& item) const
+    {
+        if (m_owner.m_commands.empty())
+            return false;
+        const PaintCommand& last = m_owner.m_commands.back();
+        return last.kind == PaintCommand::eText && last.pen == m_state.pen &&
+               last.font.toString() == item.font().toString() &&
+               std::fabs(last.baseline.y() - baseline.y()) < kRunGap &&
+               std::fabs(last.baseline.x() + last.width - baseline.x()) < kRunGap;
     }
 
     void takeClip(const QPainterPath& path, Qt::ClipOperation operation)
