@@ -14,7 +14,7 @@ if [[ -z "$program" ]]; then
   program=build/release/apps/depth-terminal/depth-terminal
 fi
 
-orders=600000 # of the day: some 20,000 records in the minute after the open
+orders=450000 # of the day: some 20,000 records in each of the first minutes after the open
 seconds=3     # of real time: three minutes of the day
 result=bench/results/terminal_stalls.md
 {
