@@ -53,6 +53,13 @@ TEST_F(LevelHead, OnlyTheFirstLevelIsDrawnUnderItsSummaryUnlessFull)
     EXPECT_TRUE(counted);
 }
 
+TEST_F(LevelHead, ALevelOutsideTheTenCountsUnderItsSummaryAndDrawsNothing)
+{
+    view.setStyle(2);
+    EXPECT_EQ(texts(cells("sell 10.01 level=0; 1 10 normal", 4)), "");
+    EXPECT_TRUE(counted);
+}
+
 TEST_F(LevelHead, ALevelThatListsNoOrdersIsItsHeadAlone)
 {
     view.setStyle(5);

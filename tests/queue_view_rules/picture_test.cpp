@@ -439,3 +439,15 @@ TEST_F(Picture, ThePixmapIsNotReplacedWhileItIsBeingPainted)
     view.resetLayout();
     EXPECT_EQ(view.m_pixmap.size(), QSize(500, 300) * view.m_pixmap.devicePixelRatio());
 }
+
+TEST_F(Picture, LinesOfTheHorizontalStyleRunUnderAShownBar)
+{
+    view.setStyle(3);
+    setPlainRows(10);
+    layOut(600, 200); // centre at 200, scrolled by 100
+    ASSERT_TRUE(barShown());
+    const Drawing drawing = picture();
+    EXPECT_EQ(crossLines(drawing, kSplitRed, 600),
+              "85 125 65 145 45 165 25 185 5 205 -15 225 -35 245 -55 265 -75 285 105");
+    EXPECT_EQ(downLines(drawing, kSplitRed, 200), "276");
+}

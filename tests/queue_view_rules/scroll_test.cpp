@@ -194,6 +194,24 @@ TEST_F(Scroll, TheFirstUpdateAfterTheLevelDataIsBackCentresOnce)
     EXPECT_EQ(slider(), 160) << "once is enough";
 }
 
+TEST_F(Scroll, EveryUpdateLeavesTheSliderToTheUser)
+{
+    list();
+    for (const bool keepProportion : {false, true}) {
+        view.m_userScroll = false;
+        view.updateScroll(keepProportion);
+        EXPECT_TRUE(view.m_userScroll);
+    }
+    layOut(600, 400);
+    view.m_userScroll = false;
+    view.updateScroll(false);
+    EXPECT_TRUE(view.m_userScroll) << "also when the content fits";
+    horizontal();
+    view.m_userScroll = false;
+    view.setScrollCenter();
+    EXPECT_TRUE(view.m_userScroll);
+}
+
 TEST_F(Scroll, CentringGoesBeforeKeepingTheShare)
 {
     horizontal();
