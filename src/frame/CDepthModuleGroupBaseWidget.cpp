@@ -35,6 +35,14 @@ Zeb::CUiResource& theme()
     return utils::CSingletonT<Zeb::CUiResource>::instance();
 }
 
+/// The modes' buttons have no tips, so a screen reader would have nothing to say of their pictures.
+void nameForReaders(const std::list<Zeb::CPushButton*>& buttons, std::initializer_list<const char*> names)
+{
+    auto name = names.begin();
+    for (Zeb::CPushButton* button : buttons)
+        button->setAccessibleName(QString::fromUtf8(*name++));
+}
+
 } // namespace
 
 CDepthModuleGroupBaseWidget::CDepthModuleGroupBaseWidget(QWidget* parent)
@@ -46,6 +54,8 @@ CDepthModuleGroupBaseWidget::CDepthModuleGroupBaseWidget(QWidget* parent)
     addButton(m_styleButtons, kImageList, eQueueDetailList, QString());
     addButton(m_styleButtons, kImageVertical, eQueueDetailVertical, QString());
     addButton(m_styleButtons, kImageHorizontal, eQueueDetailHorizontal, QString());
+    nameForReaders(m_levelButtons, {"十档", "五档"});
+    nameForReaders(m_styleButtons, {"首档明细", "列表", "纵向", "横向"});
     m_filterButton = new Zeb::CPushButton(QString::fromLatin1(kImageFilter), eQueueFilter, this);
     m_filterButton->setToolTip(QStringLiteral("逐笔成交过滤"));
     m_filterButton->hide();

@@ -32,6 +32,7 @@ TEST_F(Frame, MakesItsButtonsInOrderAndHidden)
         EXPECT_EQ(buttons[i]->id(), made.id);
         EXPECT_EQ(buttons[i]->toolTip().toStdString(), made.tip);
         EXPECT_TRUE(buttons[i]->isHidden()) << made.image;
+        EXPECT_FALSE(buttons[i]->accessibleName().isEmpty()) << made.image;
     }
 }
 

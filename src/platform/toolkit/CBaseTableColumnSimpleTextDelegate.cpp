@@ -110,8 +110,12 @@ QSize CBaseTableColumnSimpleTextDelegate::sizeHint(const QStyleOptionViewItem&,
 void CBaseTableColumnSimpleTextDelegate::activate(int row)
 {
     const QString key = QString::number(row);
-    if (isItemClickable(key))
-        emit itemClicked(key);
+    if (!isItemClickable(key))
+        return;
+    // Later: a listener may open a dialog, in which the table can go, and the view is in the middle of the
+    // event.
+    QMetaObject::invokeMethod(
+        this, [this, key] { emit itemClicked(key); }, Qt::QueuedConnection);
 }
 
 bool CBaseTableColumnSimpleTextDelegate::editorEvent(QEvent* event, QAbstractItemModel*,

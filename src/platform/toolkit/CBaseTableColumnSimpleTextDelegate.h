@@ -40,6 +40,7 @@ public:
     void activate(int row);
 
 signals:
+    /// Comes once the event that caused it is over.
     void itemClicked(const QString& key);
     void itemTextChanged(const QString& key, const QString& text);
 

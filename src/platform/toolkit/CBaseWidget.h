@@ -4,7 +4,6 @@
 #include "platform/toolkit/CEventDeliverer.h"
 #include "platform/toolkit/CEventWidgetT.h"
 
-#include <QMargins>
 #include <QPointer>
 #include <QWidget>
 
@@ -24,6 +23,9 @@ public:
     /// before is left where it is. Null takes the content away.
     void setContentWidget(QWidget* content, int horizontalMargin, int verticalMargin, bool fill);
     QWidget* contentWidget() const { return m_content; }
+
+    /// Repaints; a panel that keeps what it looked up reads it again.
+    void themeChanged() override { update(); }
 
 protected:
     void resizeEvent(QResizeEvent* event) override;

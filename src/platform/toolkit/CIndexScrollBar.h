@@ -18,8 +18,8 @@ public:
 
     int id() const { return m_id; }
 
-    /// Where a client's own scroll bars attach themselves to a widget. This one needs nothing of it: it is
-    /// kept so that panels read alike, and has no visible effect.
+    /// Joins scroll bars to a widget. A scroll bar of this kind is a child of its owner and needs no joining,
+    /// so this has no visible effect.
     static void attachWidget(QWidget* owner, QWidget* content, bool vertical, bool horizontal);
 
 private:

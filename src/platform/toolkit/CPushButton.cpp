@@ -5,6 +5,7 @@
 #include "platform/utils/CSingletonT.h"
 
 #include <QEvent>
+#include <QKeyEvent>
 #include <QPainter>
 
 namespace Zeb {
@@ -85,6 +86,9 @@ bool CPushButton::event(QEvent* event)
     // A picture says nothing to those who do not see it: the tip does.
     if (event->type() == QEvent::ToolTipChange && text().isEmpty())
         setAccessibleName(toolTip());
+    // The key that presses a focused button is the button's, whatever the window uses it for.
+    if (event->type() == QEvent::ShortcutOverride && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Space)
+        event->accept();
     return QPushButton::event(event);
 }
 

@@ -14,7 +14,9 @@
 #include "platform/toolkit/EventLog.h"
 #include "platform/toolkit/theme_guard.h"
 
+#include <QApplication>
 #include <QPainter>
+#include <QShortcut>
 #include <QtTest/QTest>
 
 #include <gmock/gmock.h>
@@ -59,6 +61,21 @@ TEST_F(Controls, APictureButtonIsPressedByTheSpaceKey)
     Zeb::CPushButton button("kel_img_depth_filter_first", 9, &m_owner);
     m_owner.show();
     QTest::keyClick(&button, Qt::Key_Space);
+    EXPECT_THAT(m_owner.events, ElementsAre("5 9 0"));
+}
+
+TEST_F(Controls, AFocusedPictureButtonKeepsItsSpaceKeyFromTheShortcutsOfTheWindow)
+{
+    Zeb::CPushButton button("kel_img_depth_filter_first", 9, &m_owner);
+    QShortcut play(QKeySequence(Qt::Key_Space), &m_owner);
+    int played = 0;
+    QObject::connect(&play, &QShortcut::activated, &m_owner, [&played] { ++played; });
+    m_owner.show();
+    m_owner.activateWindow();
+    QApplication::setActiveWindow(&m_owner);
+    button.setFocus();
+    QTest::keyClick(&button, Qt::Key_Space);
+    EXPECT_EQ(played, 0);
     EXPECT_THAT(m_owner.events, ElementsAre("5 9 0"));
 }
 
