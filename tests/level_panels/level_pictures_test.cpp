@@ -77,6 +77,7 @@ TEST_P(LevelPictures, OfThePlainPanelHoldInk)
     test::LevelPanelProbe<CDepthEntrustStatusWidget> panel;
     panel.setStock("SH600000");
     panel.resize(240, panel.getMinimumSizeHeight());
+    panel.show(); // a hidden panel has no size yet
     sendDay(panel);
     panel.press(100, 9 * 20 + 5);
     panel.move(160, 12 * 20 + 5);
@@ -96,6 +97,7 @@ TEST_P(LevelPictures, OfTheConcisePanelHoldInk)
     test::LevelPanelProbe<CDepthConciseStyleEntrustStatusWidget> panel;
     panel.setStock("SH600000");
     panel.resize(260, 535);
+    panel.show(); // a hidden panel has no size yet
     sendDay(panel);
     panel.press(100, 10 * 24 + 5);
     panel.move(180, 13 * 24 + 5);

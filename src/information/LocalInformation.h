@@ -1,0 +1,73 @@
+#pragma once
+
+#include "information/LocalFileParser.h"
+
+#include <QMap>
+#include <QString>
+#include <QStringList>
+#include <QVector>
+
+#include <boost/function.hpp>
+#include <boost/thread/mutex.hpp>
+#include <boost/thread/shared_mutex.hpp>
+
+#include <atomic>
+#include <memory>
+
+namespace Kel {
+
+/// A file as the page of local information shows it: rows by date, newest first. Never changed after it was
+/// made.
+struct LocalTable
+{
+    QString key; ///< the instrument's name, "_", and the file's name up to its first point
+    QStringList headers;
+    QVector<LocalRow> rows;
+};
+
+using LocalTables = QVector<LocalTable>;
+using LocalTablesPtr = std::shared_ptr<const LocalTables>;
+
+/// What was read of the local information files of a panel. The panel and its reader threads share it, so
+/// that a reader may outlive the panel. Any thread may call anything.
+class LocalInformation
+{
+public:
+    /// Hears on the reader's thread what was read of an instrument.
+    using Listener = boost::function<void(const QString& code, const LocalTablesPtr& tables)>;
+
+    /// An empty listener ends it: when this returns nobody is in the one before.
+    void setListener(Listener listener);
+
+    /// Reads the files of an instrument into the maps, each file as a whole, then tells the listener. A file
+    /// that cannot be opened is passed over; an unknown instrument and a missing directory give nothing.
+    void read(const QString& code);
+
+    /// Empties both maps. What they held is freed on the strand "data_release".
+    void clear();
+
+    /// Readings that were asked for.
+    std::atomic<int> requestCount{0};
+
+    mutable boost::shared_mutex localLock;   ///< guards the two below
+    QMap<QString, LocalRows> localValues;    ///< by file key and date
+    QMap<QString, QStringList> localHeaders; ///< column titles by file key
+
+private:
+    void readDirectory(const QString& directory, const QString& name);
+    void readFile(const QString& path, const QString& key);
+    void merge(const QString& key, LocalFileParser& parsed);
+    LocalTablesPtr tablesOf(const QString& name) const;
+    void tell(const QString& code, const LocalTablesPtr& tables);
+
+    boost::mutex m_listenerMutex; ///< guards the listener and is held while it is called
+    Listener m_listener;
+};
+
+/// Where the files of an instrument stand.
+QString localInformationDirectory(const std::string& market, const std::string& code);
+
+/// The key of a file of an instrument with this name.
+QString localFileKey(const QString& instrumentName, const QString& fileName);
+
+} // namespace Kel

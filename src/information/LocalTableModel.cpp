@@ -1,0 +1,68 @@
+#include "information/LocalTableModel.h"
+
+#include "platform/services/RPCEngine.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace Kel {
+
+namespace {
+
+constexpr int kRowsLookedAt = 1000; // for rows with more fields than titles
+
+int columnsOf(const LocalTable& table)
+{
+    int columns = table.headers.size();
+    const int rows = std::min(table.rows.size(), kRowsLookedAt);
+    for (int row = 0; row < rows; ++row)
+        columns = std::max(columns, table.rows[row].size());
+    return std::min(columns, LocalTableModel::kMostColumns);
+}
+
+} // namespace
+
+LocalTableModel::LocalTableModel(QObject* parent) : QAbstractTableModel(parent) {}
+
+void LocalTableModel::setTable(const LocalTablesPtr& tables, int index)
+{
+    beginResetModel();
+    LocalTablesPtr before = std::exchange(m_tables, tables);
+    const bool isThere = tables && index >= 0 && index < tables->size();
+    m_table = isThere ? &tables->at(index) : nullptr;
+    m_columns = m_table ? columnsOf(*m_table) : 0;
+    endResetModel();
+    // The last owner of a large file frees it off the GUI thread.
+    if (before && before != tables)
+        net::RPCEngine::getStrand("data_release")->post([released = std::move(before)]() mutable {
+            released.reset();
+        });
+}
+
+int LocalTableModel::rowCount(const QModelIndex& parent) const
+{
+    return m_table && !parent.isValid() ? m_table->rows.size() : 0;
+}
+
+int LocalTableModel::columnCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : m_columns;
+}
+
+QVariant LocalTableModel::data(const QModelIndex& index, int role) const
+{
+    if (role != Qt::DisplayRole || !m_table || !index.isValid())
+        return QVariant();
+    return m_table->rows.at(index.row()).value(index.column());
+}
+
+QVariant LocalTableModel::headerData(int section, Qt::Orientation orientation, int role) const
+{
+    if (role != Qt::DisplayRole)
+        return QVariant();
+    if (orientation == Qt::Vertical)
+        return section + 1;
+    return m_table ? m_table->headers.value(section) : QString();
+}
+
+} // namespace Kel
