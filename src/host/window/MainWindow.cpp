@@ -201,11 +201,21 @@ void MainWindow::showDay(int index, const DayPtr& day)
     m_list->setShown(index);
     setWindowTitle(QString::fromStdString(day->detail.name + ' ' + day->detail.code) +
                    QStringLiteral(" — 逐笔委托队列"));
-    if (day->orders.empty() && day->queues.empty())
-        m_messages->showNote(QStringLiteral("此日没有逐笔委托，也没有公布的队列：委托队列为空"));
+    tellWhatIsMissing(*day);
     m_player->open(day, goesOn ? momentIn(m_range, timeOfDay) : firstMoment());
     if (first && m_options.playing)
         setPlaying(true);
+}
+
+/// A queue that stays empty has its reason in the day.
+void MainWindow::tellWhatIsMissing(const feed::InstrumentDay& day)
+{
+    if (day.snapshots.empty())
+        m_messages->showError(QStringLiteral("此日没有盘口快照，引擎不知道十档价格：委托队列为空"));
+    else if (day.orders.empty() && day.queues.empty())
+        m_messages->showError(QStringLiteral("此日没有逐笔委托，也没有公布的队列：委托队列为空"));
+    else
+        m_messages->hide();
 }
 
 /// The moment that the options name, else the open.

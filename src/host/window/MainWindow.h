@@ -74,6 +74,7 @@ private:
     void connectActions();
     void applyStyle();
     void showDay(int index, const DayPtr& day);
+    void tellWhatIsMissing(const feed::InstrumentDay& day);
     void onHalted(int number);
     void onFailed(const QString& reason);
     void onCancelled();

@@ -2,6 +2,7 @@
 
 #include "host/window/MainWindow.h"
 
+#include "feed/archive/DayArchiveWriter.h"
 #include "host/window/InstrumentList.h"
 #include "host/window/MessageBar.h"
 #include "host/window/QueueCell.h"
@@ -264,6 +265,26 @@ TEST_F(Window, OpensAnotherSource)
     ASSERT_TRUE(waitForDay(2));
     EXPECT_EQ(window->list().instruments().rowCount(), 2);
     EXPECT_EQ(window->list().shown(), 1);
+}
+
+TEST_F(Window, ADayWhoseQueueMustStayEmptySaysWhy)
+{
+    const QTemporaryDir folder;
+    const std::string path = folder.path().toStdString() + "/ticks only";
+    feed::InstrumentDay day = *simulatedDay("stock");
+    day.snapshots.clear();
+    feed::DayArchiveWriter writer(path);
+    ASSERT_TRUE(writer.write(day) && writer.finish());
+    open([&](host::TerminalOptions& options) {
+        options.source = {};
+        options.source.archive = path;
+    });
+    ASSERT_TRUE(waitForDay());
+    EXPECT_TRUE(window->messages().isVisible());
+    EXPECT_TRUE(window->messages().text().contains(QStringLiteral("快照")));
+    window->openSource(smallSource());
+    ASSERT_TRUE(waitForDay(2));
+    EXPECT_FALSE(window->messages().isVisible()) << "gone with the day";
 }
 
 TEST_F(Window, CancellingALoadIsNotedAndLeavesTheDay)
