@@ -4,6 +4,7 @@
 #include "platform/toolkit/number_formats.h"
 #include "platform/utils/CSingletonT.h"
 #include "records/Tolerance.h"
+#include "thousand/fixed_grounds.h"
 #include "thousand/scroll_bar_sheet.h"
 
 #include <QCoreApplication>
@@ -251,14 +252,15 @@ void CSingleQueueWidget::drawOrder(QPainter& painter, long long number, const Si
                                    const QRect& cell) const
 {
     const int lots = restInLots(quote, m_volumeUnit);
-    if (isFresh(quote, m_time))
+    const bool fresh = isFresh(quote, m_time);
+    if (fresh)
         painter.fillRect(QRect(cell.x() + 1, cell.y() + 2, m_cellWidth - 1, m_rowHeight - 2), kFresh);
+    const QColor* ink = themeColor(m_isBuy ? kRise : kFall);
     if (number == m_trackOrderNo)
-        painter.setPen(*getVolumeColor(m_trackColor));
+        ink = getVolumeColor(m_trackColor);
     else if (lots == m_markVolume)
-        painter.setPen(*getVolumeColor(-1));
-    else
-        painter.setPen(*themeColor(m_isBuy ? kRise : kFall));
+        ink = getVolumeColor(-1);
+    painter.setPen(fresh ? inkOnDark(*ink) : *ink);
     painter.drawText(cell.translated(0, 1), Qt::AlignRight | Qt::AlignVCenter, QString::number(lots));
 }
 

@@ -7,6 +7,7 @@
 #include "platform/toolkit/number_formats.h"
 #include "platform/utils/CSingletonT.h"
 #include "records/Tolerance.h"
+#include "thousand/fixed_grounds.h"
 
 #include <QFontMetrics>
 #include <QLinearGradient>
@@ -141,10 +142,12 @@ void CDepthThousandDataWidget::drawNames(QPainter& painter, const LadderLayout& 
             continue;
         }
         const bool isBuy = !current.isSell(row);
-        if (isSelected(rowData(current, row), isBuy))
+        const bool selected = isSelected(rowData(current, row), isBuy);
+        if (selected)
             painter.fillRect(current.selection(y), kSelection);
         const int number = current.levelNumber(row);
-        painter.setPen(isBuy ? *m_clrRise : *m_clrFall);
+        const QColor& ink = isBuy ? *m_clrRise : *m_clrFall;
+        painter.setPen(selected ? inkOnDark(ink) : ink);
         painter.setFont(number > kMostPlainName ? *m_fntVolume : *m_fntText);
         painter.drawText(current.nameCell(y), kRight, levelName(number, isBuy));
     }
@@ -187,10 +190,16 @@ void CDepthThousandDataWidget::drawLevel(QPainter& painter, const LadderLayout& 
     const int y = current.rowTop(row);
     const int hover = row == m_hoverRow ? m_hoverColumn : LadderLayout::eNoColumn;
 
+    const bool selected = isSelected(entry, !current.isSell(row));
+    const auto pen = [&](const QColor& ink, int column) {
+        painter.setPen(selected || (hover == column && column != LadderLayout::eNoColumn) ? inkOnDark(ink)
+                                                                                          : ink);
+    };
+
     painter.setFont(*m_fntPrice);
     if (hover == LadderLayout::ePrice)
         painter.fillRect(LadderLayout::hoverBox(current.priceCell(y)), kHover);
-    painter.setPen(priceColor(entry.price, getLastClose()));
+    pen(priceColor(entry.price, getLastClose()), LadderLayout::ePrice);
     painter.drawText(current.priceCell(y), kRight,
                      isEmpty ? QStringLiteral("-")
                              : Zeb::formatPriceDoubleNumber(entry.price, getPriceTick()));
@@ -199,7 +208,7 @@ void CDepthThousandDataWidget::drawLevel(QPainter& painter, const LadderLayout& 
         if (hover == LadderLayout::eCount)
             painter.fillRect(LadderLayout::hoverBox(current.countCell(y)), kHover);
         painter.setFont(*m_fntCount);
-        painter.setPen(*m_clrCount);
+        pen(*m_clrCount, LadderLayout::eCount);
         painter.drawText(current.countCell(y), kLeft, QStringLiteral(" %1").arg(entry.orderCount));
     }
 
@@ -209,11 +218,11 @@ void CDepthThousandDataWidget::drawLevel(QPainter& painter, const LadderLayout& 
         const int textWidth = painter.fontMetrics().horizontalAdvance(volume);
         painter.fillRect(current.volumeHoverBox(y, textWidth), kHover);
     }
-    painter.setPen(*m_clrVolume);
+    pen(*m_clrVolume, LadderLayout::eVolume);
     painter.drawText(current.volumeCell(y), kRight, volume);
 
     if (entry.change != 0) {
-        painter.setPen(priceColor(entry.change, 0));
+        pen(priceColor(entry.change, 0), LadderLayout::eNoColumn);
         painter.drawText(current.changeCell(y), kRight,
                          (entry.change > 0 ? QStringLiteral("+") : QString()) +
                              QString::number(entry.change));
