@@ -173,13 +173,15 @@ void CDepthOrderQueueWidget::slotRefreshTimer(int ms)
 void CDepthOrderQueueWidget::paintEvent(QPaintEvent* event)
 {
     QWidget::paintEvent(event);
-    // Moved to a screen of another scale: the picture is drawn for that one.
-    if (!m_pixmap.isNull() && m_pixmap.devicePixelRatioF() != devicePixelRatioF())
-        drawGraph();
     if (m_pixmap.isNull())
         return;
+    // Moved to a screen of another scale: the picture is drawn anew for that one, after this event.
+    if (m_pixmap.devicePixelRatioF() != devicePixelRatioF())
+        QMetaObject::invokeMethod(this, &CDepthOrderQueueWidget::updateAll, Qt::QueuedConnection);
+    // By its corner: the pixmap is whole device pixels, and fitting it into the rectangle would blur it where
+    // the scale makes parts of one.
     QPainter painter(this);
-    painter.drawPixmap(m_clientRect, m_pixmap);
+    painter.drawPixmap(m_clientRect.topLeft(), m_pixmap);
 }
 
 void CDepthOrderQueueWidget::themeChanged()

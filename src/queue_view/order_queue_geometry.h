@@ -1,6 +1,7 @@
 #pragma once
 
 #include "records/EOrderQueueType.h"
+#include "records/EQueueMode.h"
 #include "records/OrderQueueData.h"
 
 #include <QPoint>
@@ -25,6 +26,10 @@ namespace Kel {
 /// Sizes, mode and scroll that the geometry of one picture depends on.
 struct OrderQueueLayout
 {
+    static constexpr int kTopSpace = 5;        // pixels above the first row
+    static constexpr int kTopSpaceDetail = 10; // the same in the first-level detail
+    static constexpr int kTabGap = 6;          // from the heads to the line before the cells
+
     int width = 0; ///< of the widget
     int height = 0;
     int barWidth = 0; ///< of the scroll bar, shown or not
@@ -45,12 +50,12 @@ struct OrderQueueLayout
     int centerY = 0;
     int scrollTop = 0;
 
-    bool horizontal() const { return style == 3; }
-    bool firstLevelDetail() const { return style == 2; }
+    bool horizontal() const { return style == eQueueDetailHorizontal; }
+    bool firstLevelDetail() const { return style == eQueueDetailFirst; }
 
     /// Price widths before the cells: 1 in the list, 3 vertical, 4 horizontal, else 0.
     int tabLen() const;
-    int topSpace() const { return firstLevelDetail() ? 10 : 5; }
+    int topSpace() const { return firstLevelDetail() ? kTopSpaceDetail : kTopSpace; }
 
     /// Space for the level's volume before the cells, beyond the price widths.
     int totalVolSpace() const;
@@ -70,7 +75,7 @@ struct OrderQueueLayout
     int drawnColumns() const;
 
     /// x of the line between heads and cells in the horizontal style, and the width before the cells.
-    int tabX() const { return totalVolSpace() + 6 + priceWidth * tabLen(); }
+    int tabX() const { return totalVolSpace() + kTabGap + priceWidth * tabLen(); }
 
     /// Whether the level shows its orders one by one.
     bool listsOrders(const OrderQueueData& level) const;

@@ -6,7 +6,6 @@
 #include "platform/utils/CSingletonT.h"
 
 #include <QResizeEvent>
-#include <QScopedValueRollback>
 #include <QWheelEvent>
 
 #include <algorithm>
@@ -87,6 +86,7 @@ void CDepthOrderQueueWidget::newPixmap()
     const QSizeF size = QSizeF(m_clientRect.size()) * ratio;
     m_pixmap = QPixmap(static_cast<int>(std::ceil(size.width())), static_cast<int>(std::ceil(size.height())));
     m_pixmap.setDevicePixelRatio(ratio);
+    m_pixmap.fill(*m_theme.back); // the last part of a device pixel too
 }
 
 /// Takes a pixmap for the screen that the panel is on now.

@@ -65,8 +65,11 @@ void CDepthOrderQueueWidget::onPostTradeClosed(const QString& key, long long tim
             },
             Qt::QueuedConnection);
     };
-    m_subscribeId = utils::CSingletonT<CFormulaManager>::instance().subscribeQuoter(
-        proxyType(meta.market), meta, region, quoter::eDemandCoverAll, false, false, answer);
+    CFormulaManager& formulas = utils::CSingletonT<CFormulaManager>::instance();
+    if (m_subscribeId != -1)
+        formulas.unsubQuoter(m_subscribeId, quoter::TSMetaInfo());
+    m_subscribeId = formulas.subscribeQuoter(proxyType(meta.market), meta, region, quoter::eDemandCoverAll,
+                                             false, false, answer);
     DEPTH_LOG(utils::kLogInfo, "CDepthOrderQueueWidget",
               boost::format("in %1%: L2 1804 Queue COVER_ALL: %2% %3% %4%") %
                   "Kel::CDepthOrderQueueWidget::onPostTradeClosed" % meta.metaId % meta.instrument %
