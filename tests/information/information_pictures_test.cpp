@@ -1,0 +1,75 @@
+// Pictures of the information panel, kept in the folder DEPTH_PICTURES if it is given; the pages are chosen
+// by clicks on their tabs.
+
+#include "InformationFixture.h"
+#include "platform/resources/CUiResource.h"
+
+#include <set>
+
+using namespace Kel;
+
+namespace {
+
+Zeb::CUiResource& resource()
+{
+    return utils::CSingletonT<Zeb::CUiResource>::instance();
+}
+
+class InformationPictures : public test::InformationTest, public ::testing::WithParamInterface<const char*>
+{
+protected:
+    void SetUp() override
+    {
+        InformationTest::SetUp();
+        resource().setTheme(QLatin1String(GetParam()));
+    }
+    void TearDown() override
+    {
+        resource().setTheme(QStringLiteral("dark"));
+        InformationTest::TearDown();
+    }
+
+    void keep(test::InformationProbe& panel, const char* name)
+    {
+        QCoreApplication::processEvents();
+        const QImage image = panel.grab().toImage();
+        std::set<QRgb> colors;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x)
+                colors.insert(image.pixel(x, y));
+        }
+        EXPECT_GT(colors.size(), 8u);
+        const QString folder = qEnvironmentVariable("DEPTH_PICTURES");
+        if (folder.isEmpty())
+            return;
+        QDir().mkpath(folder);
+        EXPECT_TRUE(image.save(QStringLiteral("%1/%2_%3.png").arg(folder, name, GetParam())));
+    }
+};
+
+} // namespace
+
+TEST_P(InformationPictures, OfItsPagesHoldInk)
+{
+    write("SH", "600000", "股东变动.csv",
+          "日期,股东,\"变动,股\",比例\n2023-01-31,某基金,\"1,200\",0.12%\n2023-02-01,某公司,-300,0.03%\n");
+    write("SH", "600000", "调研.csv", "日期,机构\n2023-01-05,某证券\n");
+    test::InformationProbe panel;
+    panel.resize(640, 220);
+    panel.show();
+    panel.setStock("SH600000");
+    panel.updateNotice({notice("关于召开2022年年度股东大会的通知", "http://example/1"),
+                        notice("2022年度业绩快报公告", "http://example/2"),
+                        notice("关于董事辞职的公告", "http://example/3")});
+    panel.tab("公告")->click();
+    keep(panel, "information_announcements");
+    panel.requestInfo();
+    ASSERT_TRUE(waitFor([&panel] { return panel.m_tables[3]->model()->rowCount() > 0; }));
+    panel.tab("本地资讯")->click();
+    keep(panel, "information_local");
+    panel.addOneRow(panel.table(CInformationWidget::eTableNews), notice("银行板块午后走强"));
+    panel.tab("研报")->click();
+    keep(panel, "information_news");
+}
+
+INSTANTIATE_TEST_SUITE_P(Themes, InformationPictures, ::testing::Values("dark", "light"));
