@@ -6,7 +6,6 @@
 #include <QFontMetrics>
 #include <QPainter>
 
-#include <algorithm>
 #include <cmath>
 
 namespace queue_view_rules {
@@ -25,46 +24,6 @@ Zeb::CUiResource& theme()
     return utils::CSingletonT<Zeb::CUiResource>::instance();
 }
 
-/// A text with letters of several fonts is drawn in runs, one after the other without a gap.
-bool continues(const PaintCommand& before, const PaintCommand& command)
-{
-    constexpr double kGap = 0.5;
-    return before.kind == PaintCommand::eText && command.kind == PaintCommand::eText &&
-           before.color() == command.color() && before.baseline.y() == command.baseline.y() &&
-           std::abs(before.baseline.x() + before.width - command.baseline.x()) <= kGap;
-}
-
-Drawing joinRuns(const Drawing& commands)
-{
-    Drawing joined;
-    for (const PaintCommand& command : commands) {
-        if (joined.empty() || !continues(joined.back(), command)) {
-            joined.push_back(command);
-            continue;
-        }
-        joined.back().text += command.text;
-        joined.back().width += command.width;
-    }
-    return joined;
-}
-
-/// Whether the text stands where the painter puts it into this rectangle.
-bool standsIn(const PaintCommand& command, const QRect& rect, int alignment)
-{
-    if (command.kind != PaintCommand::eText)
-        return false;
-    const Drawing trial = record(QSize(1, 1), [&](QPainter& painter) {
-        painter.setFont(command.font);
-        painter.drawText(rect, alignment, command.text);
-    });
-    // A text that is wider than its rectangle brings a clip.
-    const auto expected = std::find_if(trial.begin(), trial.end(), [](const PaintCommand& drawn) {
-        return drawn.kind == PaintCommand::eText;
-    });
-    return expected != trial.end() && near(expected->baseline.x(), command.baseline.x()) &&
-           near(expected->baseline.y(), command.baseline.y());
-}
-
 bool sameRect(const QRectF& a, const QRect& b)
 {
     return a == QRectF(b);
@@ -79,7 +38,7 @@ Drawing record(const QSize& size, const std::function<void(QPainter&)>& paint)
         QPainter painter(&recorder);
         paint(painter);
     }
-    return joinRuns(recorder.commands());
+    return recorder.commands();
 }
 
 QColor themeColor(const QString& key)
@@ -102,7 +61,7 @@ testing::AssertionResult shows(const Drawing& drawing, const QString& text, cons
 {
     for (const PaintCommand& command : drawing) {
         if (command.kind == PaintCommand::eText && command.text == text &&
-            standsIn(command, rect, alignment) && command.color() == themeColor(colorKey) &&
+            command.standsIn(rect, alignment) && command.color() == themeColor(colorKey) &&
             (fontKey.isEmpty() || command.font == themeFont(fontKey)))
             return testing::AssertionSuccess();
     }
@@ -170,7 +129,7 @@ std::string grid(const Drawing& drawing, const QRect& first, int cols, int rows,
 PaintCommand cellText(const Drawing& drawing, const QRect& cell)
 {
     for (auto command = drawing.rbegin(); command != drawing.rend(); ++command) {
-        if (standsIn(*command, cell, kRight))
+        if (command->standsIn(cell, kRight))
             return *command;
     }
     return {};

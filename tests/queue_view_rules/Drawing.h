@@ -27,8 +27,7 @@ constexpr int kCentre = Qt::AlignHCenter | Qt::AlignVCenter;
 /// What a painter did, in order.
 using Drawing = std::vector<PaintCommand>;
 
-/// Records what `paint` draws on a device of this size. A text is one command, also where its letters come
-/// from several fonts.
+/// Records what `paint` draws on a device of this size.
 Drawing record(const QSize& size, const std::function<void(QPainter&)>& paint);
 
 /// Colour and font of the theme in force.
