@@ -67,6 +67,11 @@ constexpr int kTabHeight = 20;
 constexpr int kTabGap = 5;
 constexpr int kLeftMargin = 2;
 constexpr int kLeastTitleWidth = 80;
+constexpr int kMostLocalWidth = 400; // of a column of a local file
+
+// How far a local file is looked at for the widths of its columns.
+constexpr int kRowsFitted = 50;
+constexpr int kColumnsFitted = 50;
 
 constexpr int kDateLength = 10; // of a time stamp, "2023-02-01"
 constexpr int kFileChooserId = 3;
@@ -312,13 +317,19 @@ void CInformationWidget::chooseLocalFile(int index)
 {
     Zeb::CStandardTable* const table = m_tables[eTableLocal];
     m_localModel->setTable(m_localTables, index);
-    if (table->model() == m_localModel)
-        return;
-    // From the first file on the columns are those of the file.
-    table->setColumnDelegate(eColumnTitle, nullptr);
-    table->setModel(m_localModel);
-    for (int column = 0; column < eColumnCount; ++column)
-        table->setColumnHidden(column, false);
+    if (table->model() != m_localModel) {
+        // From the first file on the columns are those of the file.
+        table->setColumnDelegate(eColumnTitle, nullptr);
+        table->setModel(m_localModel);
+        table->horizontalHeader()->setResizeContentsPrecision(kRowsFitted);
+        for (int column = 0; column < eColumnCount; ++column)
+            table->setColumnHidden(column, false);
+    }
+    const int columns = std::min(m_localModel->columnCount(), kColumnsFitted);
+    for (int column = 0; column < columns; ++column) {
+        table->resizeColumnToContents(column);
+        table->setColumnWidth(column, qBound(kLeastTitleWidth, table->columnWidth(column), kMostLocalWidth));
+    }
 }
 
 } // namespace Kel

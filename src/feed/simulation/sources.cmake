@@ -11,6 +11,8 @@ set(DEPTH_FEED_SIMULATION_SOURCES
   simulation/TickSet.cpp
   simulation/TradingHours.cpp
   simulation/TrueBook.cpp
+  simulation/instrument_kinds.cpp
+  simulation/notices.cpp
   simulation/published_rows.cpp)
 
 # A fused multiplication and addition rounds once instead of twice: a day would differ between machines.
