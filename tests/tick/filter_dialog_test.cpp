@@ -1,0 +1,567 @@
+// The filter dialog, driven by mouse and keys.
+
+#include "TickPanels.h"
+
+#include "platform/toolkit/CCheckBox.h"
+#include "platform/toolkit/CComboBox.h"
+#include "platform/toolkit/CFrameSplitterLine.h"
+#include "platform/toolkit/CLineEdit.h"
+#include "platform/toolkit/CMediumNormalButton.h"
+#include "platform/toolkit/CPushButton.h"
+#include "platform/toolkit/CSimpleTextWidget.h"
+#include "tick/CDepthFilterSettingDialog.h"
+#include "tick/filter_dialog_ids.h"
+
+#include <QTimeEdit>
+#include <QTimer>
+
+using namespace testing_support;
+using namespace Kel;
+
+namespace {
+
+/// The control of a class with this id.
+template <class Control>
+Control* controlIn(const QWidget& dialog, int id)
+{
+    for (auto* const found : dialog.findChildren<Control*>()) {
+        if (found->id() == id)
+            return found;
+    }
+    return nullptr;
+}
+
+class OpenDialog : public CDepthFilterSettingDialog
+{
+public:
+    using CDepthFilterSettingDialog::CDepthFilterSettingDialog;
+    using CDepthFilterSettingDialog::clear;
+    using CDepthFilterSettingDialog::handleEvent;
+    using CDepthFilterSettingDialog::m_amountEdit;
+    using CDepthFilterSettingDialog::m_buyCheck;
+    using CDepthFilterSettingDialog::m_colorCombo;
+    using CDepthFilterSettingDialog::m_com1Button;
+    using CDepthFilterSettingDialog::m_com2Button;
+    using CDepthFilterSettingDialog::m_endEdit;
+    using CDepthFilterSettingDialog::m_markEdit;
+    using CDepthFilterSettingDialog::m_param;
+    using CDepthFilterSettingDialog::m_paramJson;
+    using CDepthFilterSettingDialog::m_relateButton;
+    using CDepthFilterSettingDialog::m_sellCheck;
+    using CDepthFilterSettingDialog::m_startEdit;
+    using CDepthFilterSettingDialog::m_unbuyCheck;
+    using CDepthFilterSettingDialog::m_unsellCheck;
+    using CDepthFilterSettingDialog::m_volumeEdit;
+    using CDepthFilterSettingDialog::setParam;
+
+    /// The button with this id.
+    Zeb::CMediumNormalButton* button(int id) const { return controlIn<Zeb::CMediumNormalButton>(*this, id); }
+
+    Zeb::CPushButton* closeButton() const { return findChild<Zeb::CPushButton*>(); }
+
+    QStringList labels() const
+    {
+        QStringList texts;
+        for (const auto* const label : findChildren<Zeb::CSimpleTextWidget*>())
+            texts.append(label->text());
+        return texts;
+    }
+};
+
+class FilterDialog : public testing::Test
+{
+protected:
+    void click(QWidget* widget) { QTest::mouseClick(widget, Qt::LeftButton); }
+
+    /// Clicks at the left end, where the box itself is.
+    void turn(Zeb::CCheckBox* box)
+    {
+        QTest::mouseClick(box, Qt::LeftButton, Qt::NoModifier, QPoint(8, box->height() / 2));
+    }
+
+    void type(Zeb::CLineEdit* edit, const char* text)
+    {
+        edit->setFocus();
+        edit->selectAll();
+        QTest::keyClick(edit, Qt::Key_Backspace);
+        QTest::keyClicks(edit, QString::fromLatin1(text));
+    }
+
+    void confirm()
+    {
+        dialog.show();
+        click(dialog.button(eConfirmControl));
+    }
+
+    void cancel()
+    {
+        dialog.show();
+        click(dialog.button(eCancelControl));
+    }
+
+    OpenDialog dialog{eDepthFilterEntrust, nullptr};
+    OpenDialog deals{eDepthFilterTransaction, nullptr};
+};
+
+} // namespace
+
+TEST_F(FilterDialog, HasTitleAndSizeOfItsType)
+{
+    EXPECT_EQ(dialog.title(), QStringLiteral("逐笔委托过滤"));
+    EXPECT_EQ(dialog.size(), QSize(500, 300));
+    EXPECT_EQ(deals.title(), QStringLiteral("逐笔成交过滤"));
+    EXPECT_EQ(deals.size(), QSize(500, 265));
+}
+
+TEST_F(FilterDialog, LabelsAreThoseOfItsType)
+{
+    EXPECT_EQ(
+        dialog.labels(),
+        (QStringList{QStringLiteral("委托数量标记:"), QStringLiteral("高亮标记此委托量,0表示不标记"),
+                     QStringLiteral("逐笔委托过滤:"), QStringLiteral("委托量"), QStringLiteral("委托金额"),
+                     QStringLiteral("时间范围:"), QStringLiteral("至"), QStringLiteral("委托类型:")}));
+    EXPECT_EQ(deals.labels(),
+              (QStringList{QStringLiteral("成交数量标记"), QStringLiteral("高亮标记此委托量,0表示不标记"),
+                           QStringLiteral("逐笔成交过滤"), QStringLiteral("成交量"),
+                           QStringLiteral("成交金额"), QStringLiteral("时间范围:"), QStringLiteral("至")}));
+}
+
+TEST_F(FilterDialog, ControlsHaveIdsSizesAndFirstContents)
+{
+    dialog.show();
+    EXPECT_EQ(dialog.m_markEdit->id(), 0);
+    EXPECT_EQ(dialog.m_colorCombo->id(), 1);
+    EXPECT_EQ(dialog.m_com1Button->id(), 2);
+    EXPECT_EQ(dialog.m_volumeEdit->id(), 3);
+    EXPECT_EQ(dialog.m_relateButton->id(), 4);
+    EXPECT_EQ(dialog.m_com2Button->id(), 5);
+    EXPECT_EQ(dialog.m_amountEdit->id(), 6);
+    EXPECT_EQ(dialog.m_buyCheck->id(), 7);
+    EXPECT_EQ(dialog.m_sellCheck->id(), 8);
+    EXPECT_EQ(dialog.m_unbuyCheck->id(), 9);
+    EXPECT_EQ(dialog.m_unsellCheck->id(), 10);
+    for (const Zeb::CLineEdit* const edit : {dialog.m_markEdit, dialog.m_volumeEdit, dialog.m_amountEdit}) {
+        EXPECT_EQ(edit->text(), QStringLiteral("0"));
+        EXPECT_EQ(edit->size(), QSize(80, 24));
+    }
+    EXPECT_EQ(dialog.m_colorCombo->size(), QSize(70, 24));
+    EXPECT_EQ(dialog.m_colorCombo->iconSize(), QSize(35, 12));
+    EXPECT_EQ(dialog.m_colorCombo->count(), 4);
+    EXPECT_EQ(dialog.m_colorCombo->itemText(2), QString());
+    for (const Zeb::CMediumNormalButton* const toggle :
+         {dialog.m_com1Button, dialog.m_relateButton, dialog.m_com2Button}) {
+        EXPECT_EQ(toggle->size(), QSize(24, 24));
+        EXPECT_FALSE(toggle->autoDefault());
+    }
+    EXPECT_EQ(dialog.m_com1Button->text(), QStringLiteral("≥"));
+    EXPECT_EQ(dialog.m_relateButton->text(), QStringLiteral("或"));
+    EXPECT_EQ(dialog.m_com2Button->text(), QStringLiteral("≥"));
+    for (const Zeb::CCheckBox* const box :
+         {dialog.m_buyCheck, dialog.m_sellCheck, dialog.m_unbuyCheck, dialog.m_unsellCheck}) {
+        EXPECT_TRUE(box->isChecked());
+        EXPECT_EQ(box->size(), QSize(60, 20));
+    }
+    EXPECT_EQ(dialog.m_startEdit->time(), QTime(9, 15, 0));
+    EXPECT_EQ(dialog.m_endEdit->time(), QTime(15, 40, 0));
+    EXPECT_EQ(dialog.m_startEdit->displayFormat(), QStringLiteral("hh:mm:ss"));
+    EXPECT_EQ(dialog.m_startEdit->size(), QSize(80, 24));
+    EXPECT_EQ(dialog.button(eConfirmControl)->text(), QStringLiteral("确定"));
+    EXPECT_TRUE(dialog.button(eConfirmControl)->isDefault());
+    EXPECT_EQ(dialog.button(eCancelControl)->text(), QStringLiteral("取消"));
+    EXPECT_EQ(dialog.button(eCancelControl)->size(), QSize(60, 20));
+}
+
+TEST_F(FilterDialog, ColoursAreThoseOfTheMarks)
+{
+    const char* const keys[] = {"ic_clr_mark_light_blue", "ic_clr_mark_purple", "ic_clr_mark_dark_blue",
+                                "ic_clr_mark_yellow"};
+    for (int index = 0; index < 4; ++index) {
+        const QImage icon = dialog.m_colorCombo->itemIcon(index).pixmap(35, 12).toImage();
+        EXPECT_EQ(icon.pixelColor(10, 6), colorOf(keys[index])) << index;
+    }
+}
+
+TEST_F(FilterDialog, OrderTypesStandInTheirOrder)
+{
+    dialog.show();
+    const auto left = [&](QWidget* widget) { return widget->mapTo(&dialog, QPoint(0, 0)).x(); };
+    const int buy = left(dialog.m_buyCheck);
+    EXPECT_EQ(left(dialog.m_sellCheck), buy + 80);
+    EXPECT_EQ(left(dialog.m_unsellCheck), buy + 160);
+    EXPECT_EQ(left(dialog.m_unbuyCheck), buy + 240);
+    EXPECT_EQ(dialog.m_unbuyCheck->text(), QStringLiteral("撤买"));
+    EXPECT_EQ(dialog.m_unsellCheck->text(), QStringLiteral("撤卖"));
+    EXPECT_EQ(deals.m_buyCheck, nullptr);
+    EXPECT_EQ(deals.m_unsellCheck, nullptr);
+}
+
+TEST_F(FilterDialog, RowsStandAsLaidOut)
+{
+    dialog.show();
+    QApplication::processEvents();
+    const auto place = [&](QWidget* widget) { return widget->mapTo(dialog.innerWidget(), QPoint(0, 0)); };
+    EXPECT_EQ(place(dialog.m_markEdit), QPoint(20 + 80 + 5, 10));
+    EXPECT_EQ(place(dialog.m_colorCombo), QPoint(105 + 80 + 10, 10));
+    const auto* const line = dialog.findChild<Zeb::CFrameSplitterLine*>();
+    ASSERT_NE(line, nullptr);
+    EXPECT_EQ(line->height(), 2);
+    EXPECT_EQ(line->y(), 10 + 24 + 10);
+    const int filterTop = 10 + 24 + 10 + 2 + 10;
+    EXPECT_EQ(place(dialog.m_com1Button), QPoint(20 + 80 + 5 + 36 + 2, filterTop));
+    EXPECT_EQ(place(dialog.m_volumeEdit).x(), 143 + 24 + 2);
+    EXPECT_EQ(place(dialog.m_relateButton).x(), 169 + 80 + 10);
+    EXPECT_EQ(place(dialog.m_com2Button).x(), 259 + 24 + 10 + 48 + 2);
+    EXPECT_EQ(place(dialog.m_amountEdit).x(), 343 + 24 + 2);
+    EXPECT_EQ(place(dialog.m_startEdit), QPoint(20 + 55 + 5, filterTop + 34));
+    EXPECT_EQ(place(dialog.m_endEdit).x(), 80 + 80 + 10 + 12 + 10);
+    const QPoint cancelPlace = place(dialog.button(eCancelControl));
+    EXPECT_EQ(cancelPlace.x(), dialog.innerWidget()->width() - 10 - 60);
+    EXPECT_EQ(place(dialog.button(eConfirmControl)).x(), cancelPlace.x() - 20 - 60);
+}
+
+TEST_F(FilterDialog, TheVolumeComparisonGoesRoundInThree)
+{
+    dialog.show();
+    const std::pair<const char*, int> steps[] = {{"＞", 1}, {"=", 2}, {"≥", 0}, {"＞", 1}};
+    for (const auto& [text, value] : steps) {
+        click(dialog.m_com1Button);
+        EXPECT_EQ(dialog.m_com1Button->text(), QString::fromUtf8(text));
+        EXPECT_EQ(dialog.m_param.com1, value);
+    }
+}
+
+TEST_F(FilterDialog, TheAmountComparisonKnowsTwoAndNeverBecomesTwo)
+{
+    dialog.show();
+    const std::pair<const char*, int> steps[] = {{"＞", 1}, {"≥", 0}, {"＞", 1}};
+    for (const auto& [text, value] : steps) {
+        click(dialog.m_com2Button);
+        EXPECT_EQ(dialog.m_com2Button->text(), QString::fromUtf8(text));
+        EXPECT_EQ(dialog.m_param.com2, value);
+    }
+    dialog.m_com2Button->setText(QStringLiteral("="));
+    click(dialog.m_com2Button);
+    EXPECT_EQ(dialog.m_com2Button->text(), QStringLiteral("≥"));
+    EXPECT_EQ(dialog.m_param.com2, 0);
+}
+
+TEST_F(FilterDialog, TheRelationTogglesBetweenOrAndAnd)
+{
+    dialog.show();
+    click(dialog.m_relateButton);
+    EXPECT_EQ(dialog.m_relateButton->text(), QStringLiteral("且"));
+    EXPECT_EQ(dialog.m_param.relate, 1);
+    click(dialog.m_relateButton);
+    EXPECT_EQ(dialog.m_relateButton->text(), QStringLiteral("或"));
+    EXPECT_EQ(dialog.m_param.relate, 0);
+}
+
+TEST_F(FilterDialog, EditorsBoxesAndColoursGoIntoTheRecord)
+{
+    dialog.show();
+    type(dialog.m_markEdit, "123");
+    type(dialog.m_volumeEdit, "45");
+    type(dialog.m_amountEdit, "2147483647");
+    EXPECT_EQ(dialog.m_param.mark, 123);
+    EXPECT_EQ(dialog.m_param.volume, 45);
+    EXPECT_EQ(dialog.m_param.amount, 2147483647);
+    turn(dialog.m_sellCheck);
+    turn(dialog.m_unbuyCheck);
+    EXPECT_TRUE(dialog.m_param.buy);
+    EXPECT_FALSE(dialog.m_param.sell);
+    EXPECT_FALSE(dialog.m_param.unbuy);
+    EXPECT_TRUE(dialog.m_param.unsell);
+    turn(dialog.m_buyCheck);
+    turn(dialog.m_unsellCheck);
+    EXPECT_FALSE(dialog.m_param.buy);
+    EXPECT_FALSE(dialog.m_param.unsell);
+    dialog.m_colorCombo->setFocus();
+    QTest::keyClick(dialog.m_colorCombo, Qt::Key_Down);
+    QTest::keyClick(dialog.m_colorCombo, Qt::Key_Down);
+    EXPECT_EQ(dialog.m_param.color, 2);
+}
+
+TEST_F(FilterDialog, ValidatorsStopWhatIsNoNumberOrTooLarge)
+{
+    dialog.show();
+    type(dialog.m_markEdit, "-1x2000000");
+    EXPECT_EQ(dialog.m_markEdit->text(), QStringLiteral("120000"));
+    EXPECT_EQ(dialog.m_param.mark, 120000);
+    type(dialog.m_amountEdit, "2147483648");
+    EXPECT_EQ(dialog.m_param.amount, 214748364);
+}
+
+TEST_F(FilterDialog, AProgrammaticChangeIsSilent)
+{
+    dialog.m_markEdit->setText(QStringLiteral("7"));
+    dialog.m_colorCombo->setCurrentIndex(3);
+    dialog.m_buyCheck->setChecked(false);
+    EXPECT_EQ(dialog.m_param.mark, 0);
+    EXPECT_EQ(dialog.m_param.color, 0);
+    EXPECT_TRUE(dialog.m_param.buy);
+}
+
+TEST_F(FilterDialog, TheTimeRangeReachesTheRecordByGetFilterParamAlone)
+{
+    EXPECT_EQ(dialog.m_param.start, 32400000);
+    dialog.m_startEdit->setTime(QTime(9, 30, 5));
+    dialog.m_endEdit->setTime(QTime(14, 0, 0));
+    EXPECT_EQ(dialog.m_param.start, 32400000);
+    const SDepthFilterParam& param = dialog.getFilterParam();
+    EXPECT_EQ(param.start, ((9 * 60 + 30) * 60 + 5) * 1000);
+    EXPECT_EQ(param.end, 14 * 3600 * 1000);
+    EXPECT_EQ(&param, &dialog.m_param);
+}
+
+TEST_F(FilterDialog, AFirstConfirmationNarrowsTheTimeRangeToThatOfTheEditors)
+{
+    confirm();
+    EXPECT_EQ(dialog.getFilterParam().start, 33300000);
+    EXPECT_EQ(dialog.getFilterParam().end, 56400000);
+}
+
+TEST_F(FilterDialog, ConfirmEndsWithOneAndSavesOnce)
+{
+    QSignalSpy finished(&dialog, &QDialog::finished);
+    confirm();
+    EXPECT_EQ(dialog.result(), 1);
+    EXPECT_EQ(finished.count(), 1);
+    EXPECT_FALSE(dialog.m_paramJson.empty());
+}
+
+TEST_F(FilterDialog, TheJsonTextHoldsTheControls)
+{
+    dialog.show();
+    type(dialog.m_markEdit, "12");
+    click(dialog.m_com1Button);
+    click(dialog.m_relateButton);
+    turn(dialog.m_unbuyCheck);
+    confirm();
+    EXPECT_EQ(dialog.m_paramJson, "{ \"mark\" : 12, \"color\" : 0, \"com1\" : \"＞\", \"volume\" : 0, "
+                                  "\"relate\" : \"且\", \"com2\" : \"≥\", \"amount\" : 0, "
+                                  "\"start\" : 33300000, \"end\" : 56400000, \"buy\" : true, "
+                                  "\"sell\" : true, \"unbuy\" : false, \"unsell\" : true }");
+}
+
+TEST_F(FilterDialog, TheJsonTextOfADealDialogHasNoOrderTypes)
+{
+    deals.show();
+    click(deals.button(eConfirmControl));
+    EXPECT_EQ(deals.m_paramJson, "{ \"mark\" : 0, \"color\" : 0, \"com1\" : \"≥\", \"volume\" : 0, "
+                                 "\"relate\" : \"或\", \"com2\" : \"≥\", \"amount\" : 0, "
+                                 "\"start\" : 33300000, \"end\" : 56400000 }");
+    const SDepthFilterParam& param = deals.getFilterParam();
+    EXPECT_TRUE(param.buy && param.sell && param.unbuy && param.unsell);
+}
+
+TEST_F(FilterDialog, CancelBeforeAnyConfirmationRestoresNothing)
+{
+    dialog.show();
+    type(dialog.m_markEdit, "12");
+    click(dialog.m_com1Button);
+    cancel();
+    EXPECT_EQ(dialog.result(), 0);
+    EXPECT_EQ(dialog.m_markEdit->text(), QStringLiteral("12"));
+    EXPECT_EQ(dialog.m_com1Button->text(), QStringLiteral("＞"));
+    EXPECT_EQ(dialog.m_param.mark, 12);
+    EXPECT_EQ(dialog.m_param.com1, 1);
+}
+
+TEST_F(FilterDialog, CancelAfterAToggleRestoresTheTextButLeavesTheRecord)
+{
+    confirm();
+    dialog.show();
+    click(dialog.m_com1Button);
+    type(dialog.m_volumeEdit, "9");
+    turn(dialog.m_buyCheck);
+    cancel();
+    EXPECT_EQ(dialog.m_com1Button->text(), QStringLiteral("≥"));
+    EXPECT_EQ(dialog.m_param.com1, 1);
+    EXPECT_EQ(dialog.m_volumeEdit->text(), QStringLiteral("0"));
+    EXPECT_EQ(dialog.m_param.volume, 9);
+    EXPECT_TRUE(dialog.m_buyCheck->isChecked());
+    EXPECT_FALSE(dialog.m_param.buy);
+    // A later confirmation saves what is shown while the record holds the other comparison.
+    confirm();
+    EXPECT_NE(dialog.m_paramJson.find("\"com1\" : \"≥\""), std::string::npos);
+    EXPECT_EQ(dialog.getFilterParam().com1, 1);
+}
+
+TEST_F(FilterDialog, CancelRestoresTheConfirmedTimeRangeForTheRecordAsWell)
+{
+    dialog.m_startEdit->setTime(QTime(10, 0, 0));
+    confirm();
+    dialog.show();
+    dialog.m_startEdit->setTime(QTime(11, 0, 0));
+    cancel();
+    EXPECT_EQ(dialog.m_startEdit->time(), QTime(10, 0, 0));
+    EXPECT_EQ(dialog.getFilterParam().start, 36000000);
+}
+
+TEST_F(FilterDialog, CancelRestoresEveryControlOfTheConfirmation)
+{
+    dialog.show();
+    type(dialog.m_markEdit, "12");
+    dialog.m_colorCombo->setCurrentIndex(3);
+    click(dialog.m_com1Button);
+    click(dialog.m_com1Button);
+    type(dialog.m_volumeEdit, "34");
+    click(dialog.m_relateButton);
+    click(dialog.m_com2Button);
+    type(dialog.m_amountEdit, "56");
+    dialog.m_endEdit->setTime(QTime(14, 30, 1));
+    turn(dialog.m_unsellCheck);
+    confirm();
+    dialog.show();
+    dialog.clear();
+    cancel();
+    EXPECT_EQ(dialog.m_markEdit->text(), QStringLiteral("12"));
+    EXPECT_EQ(dialog.m_colorCombo->currentIndex(), 3);
+    EXPECT_EQ(dialog.m_com1Button->text(), QStringLiteral("="));
+    EXPECT_EQ(dialog.m_volumeEdit->text(), QStringLiteral("34"));
+    EXPECT_EQ(dialog.m_relateButton->text(), QStringLiteral("且"));
+    EXPECT_EQ(dialog.m_com2Button->text(), QStringLiteral("＞"));
+    EXPECT_EQ(dialog.m_amountEdit->text(), QStringLiteral("56"));
+    EXPECT_EQ(dialog.m_endEdit->time(), QTime(14, 30, 1));
+    EXPECT_FALSE(dialog.m_unsellCheck->isChecked());
+    EXPECT_TRUE(dialog.m_buyCheck->isChecked());
+}
+
+TEST_F(FilterDialog, AnEmptyMarkIsSavedAndComesBackAsZero)
+{
+    dialog.show();
+    type(dialog.m_markEdit, "");
+    EXPECT_EQ(dialog.m_param.mark, 0);
+    confirm();
+    EXPECT_NE(dialog.m_paramJson.find("\"mark\" : 0"), std::string::npos);
+    cancel();
+    EXPECT_EQ(dialog.m_markEdit->text(), QStringLiteral("0"));
+}
+
+TEST_F(FilterDialog, ClearPutsControlsAtTheirStartAndLeavesTheRecord)
+{
+    dialog.show();
+    type(dialog.m_markEdit, "12");
+    click(dialog.m_com1Button);
+    turn(dialog.m_buyCheck);
+    dialog.m_startEdit->setTime(QTime(11, 0, 0));
+    dialog.clear();
+    EXPECT_EQ(dialog.m_markEdit->text(), QString());
+    EXPECT_EQ(dialog.m_volumeEdit->text(), QStringLiteral("0"));
+    EXPECT_EQ(dialog.m_com1Button->text(), QStringLiteral("≥"));
+    EXPECT_TRUE(dialog.m_buyCheck->isChecked());
+    EXPECT_EQ(dialog.m_startEdit->time(), QTime(9, 15, 0));
+    EXPECT_EQ(dialog.m_param.mark, 12);
+    EXPECT_EQ(dialog.m_param.com1, 1);
+    EXPECT_FALSE(dialog.m_param.buy);
+}
+
+TEST_F(FilterDialog, AMissingKeyLeavesItsControlAsClearDoes)
+{
+    confirm();
+    dialog.m_paramJson = "{ \"volume\" : 5 }";
+    dialog.m_markEdit->setText(QStringLiteral("9"));
+    dialog.m_buyCheck->setChecked(false);
+    dialog.setParam();
+    EXPECT_EQ(dialog.m_markEdit->text(), QString());
+    EXPECT_EQ(dialog.m_volumeEdit->text(), QStringLiteral("5"));
+    EXPECT_TRUE(dialog.m_buyCheck->isChecked());
+}
+
+TEST_F(FilterDialog, EscapeCloseAndTheFramesButtonCancel)
+{
+    confirm();
+    for (int way = 0; way < 3; ++way) {
+        dialog.show();
+        QSignalSpy finished(&dialog, &QDialog::finished);
+        click(dialog.m_com1Button);
+        if (way == 0)
+            QTest::keyClick(&dialog, Qt::Key_Escape);
+        else if (way == 1)
+            dialog.close();
+        else
+            click(dialog.closeButton());
+        EXPECT_FALSE(dialog.isVisible()) << way;
+        EXPECT_EQ(dialog.result(), 0) << way;
+        EXPECT_EQ(finished.count(), 1) << way;
+        EXPECT_EQ(dialog.m_com1Button->text(), QStringLiteral("≥")) << way;
+    }
+}
+
+TEST_F(FilterDialog, TheReturnKeyConfirms)
+{
+    dialog.show();
+    dialog.m_volumeEdit->setFocus();
+    QTest::keyClick(dialog.m_volumeEdit, Qt::Key_Return);
+    EXPECT_EQ(dialog.result(), 1);
+    EXPECT_FALSE(dialog.m_paramJson.empty());
+}
+
+TEST_F(FilterDialog, HandledEventsAreTakenAndOthersAreNot)
+{
+    dialog.show();
+    for (const int id : {2, 4, 5})
+        EXPECT_TRUE(dialog.handleEvent(5, id, 0, QString(), nullptr)) << id;
+    for (const int id : {7, 8, 9, 10})
+        EXPECT_TRUE(dialog.handleEvent(67, id, 0, QString(), nullptr)) << id;
+    EXPECT_TRUE(dialog.handleEvent(70, 1, 0, QString(), nullptr));
+    for (const int id : {0, 3, 6})
+        EXPECT_TRUE(dialog.handleEvent(100, id, 0, QString(), nullptr)) << id;
+    EXPECT_FALSE(dialog.handleEvent(67, 6, 0, QString(), nullptr));
+    EXPECT_FALSE(dialog.handleEvent(70, 0, 0, QString(), nullptr));
+    EXPECT_FALSE(dialog.handleEvent(100, 1, 0, QString(), nullptr));
+    EXPECT_FALSE(dialog.handleEvent(5, 99, 0, QString(), nullptr));
+    EXPECT_FALSE(dialog.handleEvent(1396, 2, 0, QString(), nullptr));
+    EXPECT_TRUE(dialog.handleEvent(5, 101, 0, QString(), nullptr));
+}
+
+TEST_F(FilterDialog, EventsOfItsControlsNeverReachThePanelBelow)
+{
+    DealPanel panel;
+    OpenDialog below(eDepthFilterTransaction, &panel);
+    below.show();
+    click(below.m_com1Button);
+    click(below.closeButton());
+    EXPECT_TRUE(panel.sink.events.empty());
+}
+
+TEST_F(FilterDialog, ADealDialogTakesNoOrderTypes)
+{
+    EXPECT_TRUE(deals.handleEvent(67, 7, 0, QString(), nullptr));
+    EXPECT_TRUE(deals.m_param.buy);
+}
+
+TEST(DealFilter, AConfirmedFilterNarrowsTheList)
+{
+    DealPanel panel;
+    panel.fill(20);
+    const auto pressConfirm = [&](bool edit) {
+        QTimer::singleShot(0, &panel, [&panel, edit] {
+            auto* const dialog = panel.findChild<CDepthFilterSettingDialog*>();
+            ASSERT_NE(dialog, nullptr);
+            const auto click = [&](int id) {
+                QTest::mouseClick(controlIn<Zeb::CMediumNormalButton>(*dialog, id), Qt::LeftButton);
+            };
+            if (!edit) {
+                click(eCancelControl);
+                return;
+            }
+            auto* const volume = controlIn<Zeb::CLineEdit>(*dialog, eVolumeControl);
+            volume->setFocus();
+            volume->selectAll();
+            QTest::keyClicks(volume, QStringLiteral("15"));
+            click(eRelation);
+            click(eConfirmControl);
+        });
+    };
+    pressConfirm(false);
+    panel.doFilter();
+    EXPECT_EQ(panel.m_total, 20);
+    EXPECT_EQ(panel.m_filterParam.start, 32400000);
+    pressConfirm(true);
+    panel.doFilter();
+    EXPECT_EQ(panel.m_total, 6);
+    EXPECT_EQ(panel.m_filterParam.start, 33300000);
+    EXPECT_TRUE(panel.m_model->dirty);
+    EXPECT_EQ(panel.findChildren<CDepthFilterSettingDialog*>().size(), 1);
+}
