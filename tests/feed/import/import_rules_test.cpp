@@ -232,7 +232,7 @@ TEST(ImportDay, ReadsFoldersOfInstrumentsFromDiskAndTellsItsProgress)
 {
     const QTemporaryDir temporary;
     const std::string root = temporary.path().toStdString() + "/20240102";
-    const std::string header = "万得代码,时间,委托编号,委托类型,委托代码,委托价格,委托数量\n";
+    const std::string header = "证券代码,时间,委托编号,委托类型,委托代码,委托价格,委托数量\n";
     for (const char* const code : {"000001", "000002"}) {
         const std::string folder = root + "/" + code + ".SZ";
         std::filesystem::create_directories(folder);

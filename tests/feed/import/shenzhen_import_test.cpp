@@ -72,18 +72,18 @@ TEST(ShenzhenImport, CodesThatLostTheirZerosGetThemBack)
 TEST(ShenzhenImport, ReadsFoldersInGbk)
 {
     const std::string orders =
-        "万得代码,交易所代码,自然日,时间,委托编号,交易所委托号,委托类型,委托代码,委托价格,委托数量\r\n"
+        "证券代码,交易所代码,自然日,时间,委托编号,交易所委托号,委托类型,委托代码,委托价格,委托数量\r\n"
         "000001.SZ,000001,20240102,91500000,1,0,2,B,146500,300\r\n"
         "000001.SZ,000001,20240102,93000000,2,0,1,S,0,100\r\n"
         "000001.SZ,000001,20240102,93000000,3,0,U,S,0,100\r\n"
         "000001.SZ,000001,20240102,93000000,4,0,0,S,146700,100\r\n";
     const std::string deals =
-        "万得代码,自然日,时间,成交编号,成交代码,BS标志,成交价格,成交数量,叫卖序号,叫买序号\r\n"
+        "证券代码,自然日,时间,成交编号,成交代码,BS标志,成交价格,成交数量,叫卖序号,叫买序号\r\n"
         "000001.SZ,20240102,93000010,5,0,S,146500,100,2,1\r\n"
         "000001.SZ,20240102,93000020,6,C, ,0,200,0,1\r\n"
         "000001.SZ,20240102,93000030,7,C, ,0,100,3,0\r\n";
     const std::string snapshots =
-        "万得代码,自然日,时间,成交价,前收盘,当日累计成交量,申卖价1,申卖量1,申卖价2,申卖量2,申买价1,"
+        "证券代码,自然日,时间,成交价,前收盘,当日累计成交量,申卖价1,申卖量1,申卖价2,申卖量2,申买价1,"
         "申买量1\r\n"
         "000001.SZ,20240102,93003000,146500,146000,100,146700,100,0,0,146400,200\r\n";
     const std::string folder = "20240102/000001.SZ/";
@@ -118,7 +118,7 @@ TEST(ShenzhenImport, AFolderHoldsOneInstrument)
 {
     feed::ImportOptions options;
     options.mostRejected = 1;
-    const std::string header = "万得代码,自然日,时间,委托编号,委托类型,委托代码,委托价格,委托数量\n";
+    const std::string header = "证券代码,自然日,时间,委托编号,委托类型,委托代码,委托价格,委托数量\n";
     const feed::ImportResult result =
         import({{"20240102/000001.SZ/o.csv", header + "000001.SZ,20240102,91500000,1,2,B,146500,300\n"
                                                       "000002.SZ,20240102,91500000,2,2,B,146500,300\n"}},
@@ -145,7 +145,7 @@ TEST(ShenzhenImport, ADealOfAFolderIsKnownByItsCodeOrByNone)
 TEST(ShenzhenImport, ShanghaiFoldersNeedTheCommonSequence)
 {
     const std::string orders =
-        "万得代码,自然日,时间,委托编号,交易所委托号,委托类型,委托代码,委托价格,委托数量";
+        "证券代码,自然日,时间,委托编号,交易所委托号,委托类型,委托代码,委托价格,委托数量";
     const std::string line = "600000.SH,20240102,93000000,1,77,A,B,100100,300";
     feed::ImportOptions options;
     options.mostRejected = 1;
