@@ -86,6 +86,36 @@ struct QueueRow
     std::vector<std::int64_t> askVolumes;
 };
 
+/// A standing order of a published ladder.
+struct LadderOrder
+{
+    std::int64_t number = 0;
+    std::int64_t time = 0;   ///< of the order
+    std::int64_t volume = 0; ///< original
+    std::int64_t dealt = 0;
+};
+
+/// A price of a published ladder.
+struct LadderLevel
+{
+    double price = 0;
+    std::int64_t volume = 0;
+    std::vector<LadderOrder> orders; ///< all of them, in order of arrival
+};
+
+/// The published ladder: the best prices a side, at most `kLevels`, with their orders.
+struct LadderRow
+{
+    static constexpr int kLevels = 1000; ///< most prices of a side
+
+    std::int64_t time = 0;
+    std::int64_t seq = 0;          ///< last sequence number that the ladder contains; 0 if unknown
+    double lastPrice = 0;          ///< 0 before the first deal
+    std::int64_t lastVolume = 0;   ///< of the latest deal
+    std::vector<LadderLevel> buys; ///< best price first
+    std::vector<LadderLevel> sells;
+};
+
 /// Takes the rows of a day in order of time and sequence.
 class RowSink
 {
@@ -95,6 +125,10 @@ public:
     virtual void onDeal(const DealRow& row) = 0;
     virtual void onSnapshot(const SnapshotRow& row) = 0;
     virtual void onQueue(const QueueRow& row) = 0;
+
+    /// Ladders are large, so they are made only for a sink that takes them.
+    virtual bool takesLadders() const { return false; }
+    virtual void onLadder(const LadderRow& /*row*/) {}
 };
 
 /// A whole day in memory. Each vector is ordered by `seq` (orders, deals) or `time` (snapshots, queues).
@@ -106,11 +140,15 @@ struct InstrumentDay : RowSink
     std::vector<DealRow> deals;
     std::vector<SnapshotRow> snapshots;
     std::vector<QueueRow> queues;
+    std::vector<LadderRow> ladders;
+    bool keepsLadders = false; ///< whether `ladders` is filled: a busy day's would not fit the memory
 
     void onOrder(const OrderRow& row) override { orders.push_back(row); }
     void onDeal(const DealRow& row) override { deals.push_back(row); }
     void onSnapshot(const SnapshotRow& row) override { snapshots.push_back(row); }
     void onQueue(const QueueRow& row) override { queues.push_back(row); }
+    bool takesLadders() const override { return keepsLadders; }
+    void onLadder(const LadderRow& row) override { ladders.push_back(row); }
 };
 
 } // namespace feed

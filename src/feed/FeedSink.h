@@ -24,6 +24,12 @@ public:
 
     /// quoter::QuoterDepthData for status -1, quoter::LevelOrderData otherwise.
     virtual void onQuotes(const std::string& key, int seq, int status, const quoter::QuoterBatch& batch) = 0;
+
+    /// A batch of quoter::ThousandData. Only days that hold ladders bring any.
+    virtual void onLadders(const std::string& /*key*/, int /*seq*/, int /*status*/,
+                           const Kel::MetaCacheDataWrapperPtr& /*batch*/)
+    {
+    }
 };
 
 } // namespace feed

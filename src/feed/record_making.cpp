@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cmath>
 #include <limits>
+#include <utility>
 #include <vector>
 
 namespace feed {
@@ -65,6 +66,21 @@ void fill(quoter::TransactionData& record, const DealRow& row)
     record.sellNo = row.sellNo;
     record.kind = row.kind;
     record.activeSide = row.activeSide;
+}
+
+std::vector<quoter::ThousandLevel> ladderSide(const std::vector<LadderLevel>& levels)
+{
+    std::vector<quoter::ThousandLevel> side;
+    side.reserve(levels.size());
+    for (const LadderLevel& level : levels) {
+        quoter::ThousandLevel made{
+            level.price, level.volume, static_cast<std::int32_t>(level.orders.size()), {}};
+        made.orders.reserve(level.orders.size());
+        for (const LadderOrder& order : level.orders)
+            made.orders.push_back({order.number, order.time, order.volume, order.dealt});
+        side.push_back(std::move(made));
+    }
+    return side;
 }
 
 template <typename Record, typename Row>
@@ -141,6 +157,17 @@ boost::shared_ptr<quoter::LevelOrderData> makeRecord(const QueueRow& row, double
     record->askPrice = row.askPrice;
     record->askVolumes = roundedLots(row.askVolumes, unit);
     record->askCount = row.askCount;
+    return record;
+}
+
+boost::shared_ptr<quoter::ThousandData> makeRecord(const LadderRow& row)
+{
+    auto record = boost::make_shared<quoter::ThousandData>();
+    record->m_time = row.time;
+    record->lastPrice = row.lastPrice;
+    record->lastVolume = row.lastVolume;
+    record->buys = ladderSide(row.buys);
+    record->sells = ladderSide(row.sells);
     return record;
 }
 

@@ -4,6 +4,7 @@
 #include "records/LevelOrderData.h"
 #include "records/OrderData.h"
 #include "records/QuoterDepthData.h"
+#include "records/ThousandData.h"
 #include "records/TransactionData.h"
 
 #include <boost/shared_ptr.hpp>
@@ -32,6 +33,9 @@ boost::shared_ptr<quoter::QuoterDepthData> makeRecord(const SnapshotRow& row, do
 /// Volumes in lots, rounded to the nearest and at least 1 for an order that has any share, so that no order
 /// vanishes from the queue; volumes of 0 and below become 0; what does not fit 32 bits is clamped.
 boost::shared_ptr<quoter::LevelOrderData> makeRecord(const QueueRow& row, double volumeUnit);
+
+/// Volumes stay in shares.
+boost::shared_ptr<quoter::ThousandData> makeRecord(const LadderRow& row);
 
 /// Records of `count` rows in one block of memory: the pointers of the batch share it, and it is freed with
 /// the last of them. Meant for history, where an allocation for each record would cost more than the record.

@@ -53,6 +53,8 @@ ReplaySession::ReplaySession(const InstrumentDay& day, FeedSink& sink, ReplayOpt
         m_lastTime = std::max(m_lastTime, row.time);
     for (const SnapshotRow& row : day.snapshots)
         m_lastTime = std::max(m_lastTime, row.time);
+    for (const LadderRow& row : day.ladders)
+        m_lastTime = std::max(m_lastTime, row.time);
 }
 
 ReplaySession::ReplaySession(const InstrumentDay& day, FeedSink& sink)
@@ -82,6 +84,10 @@ ReplaySession::Kind ReplaySession::next(const Position& at, std::int64_t& time) 
         kind = Kind::Snapshot;
         time = m_day.snapshots[at.snapshots].time;
     }
+    if (at.ladders < m_day.ladders.size() && (kind == Kind::None || m_day.ladders[at.ladders].time < time)) {
+        kind = Kind::Ladder;
+        time = m_day.ladders[at.ladders].time;
+    }
     return kind;
 }
 
@@ -102,6 +108,9 @@ void ReplaySession::pass(Position& at, Kind kind, std::int64_t time)
     case Kind::Snapshot:
         ++at.snapshots;
         break;
+    case Kind::Ladder:
+        ++at.ladders;
+        break;
     case Kind::None:
         break;
     }
@@ -115,6 +124,7 @@ void ReplaySession::startAt(std::int64_t timeMs)
     m_orderCalls = 0;
     m_dealCalls = 0;
     m_quoteCalls = 0;
+    m_ladderCalls = 0;
     Position to;
     std::int64_t time = 0;
     for (Kind kind = next(to, time); kind != Kind::None && time <= timeMs; kind = next(to, time))
@@ -129,6 +139,8 @@ void ReplaySession::startAt(std::int64_t timeMs)
         m_sink.onQuotes(m_key, m_quoteCalls++, kStatusFirst,
                         {makeRecord(m_day.queues[to.queues - 1], m_options.volumeUnit)});
     }
+    if (to.ladders > 0)
+        sendLadder(to.ladders - 1, kStatusFirst);
     m_at = to;
 }
 
@@ -209,7 +221,8 @@ void ReplaySession::playAll()
 bool ReplaySession::atEnd() const
 {
     return m_started && m_at.orders == m_day.orders.size() && m_at.deals == m_day.deals.size() &&
-           m_at.queues == m_day.queues.size() && m_at.snapshots == m_day.snapshots.size();
+           m_at.queues == m_day.queues.size() && m_at.snapshots == m_day.snapshots.size() &&
+           m_at.ladders == m_day.ladders.size();
 }
 
 void ReplaySession::deliverUpTo(const Position& to)
@@ -226,6 +239,8 @@ void ReplaySession::deliverUpTo(const Position& to)
         m_sink.onQuotes(m_key, m_quoteCalls++, kStatusSnapshot,
                         {makeRecord(m_day.snapshots[i], m_options.volumeUnit)});
     }
+    for (std::size_t i = m_at.ladders; i < to.ladders; ++i)
+        sendLadder(i, kStatusLive);
     m_at = to;
 }
 
@@ -300,6 +315,11 @@ void ReplaySession::sendDeals(std::size_t from, std::size_t to, int status)
 {
     m_sink.onDeals(m_key, m_dealCalls++, status,
                    wrapped(makeDealBatch(m_day.deals.data() + from, to - from), m_day.detail));
+}
+
+void ReplaySession::sendLadder(std::size_t at, int status)
+{
+    m_sink.onLadders(m_key, m_ladderCalls++, status, wrapped({makeRecord(m_day.ladders[at])}, m_day.detail));
 }
 
 } // namespace feed

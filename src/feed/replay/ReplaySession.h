@@ -30,9 +30,10 @@ struct ReplayOptions
 /// of deals. So a queue that matches orders against deals has all deals when the orders come. As long as
 /// there are no orders, none are announced: a style of feed without orders stays one. (A receiver tells the
 /// styles apart by whether it holds an order of a history load, so a load whose orders have all ended must be
-/// repeated.) Published queues and snapshots follow: the latest of each.
+/// repeated.) Published queues, snapshots and ladders follow: the latest of each.
 ///
-/// Live, each interval of feed time is delivered in one go: orders, deals, published queues, snapshots.
+/// Live, each interval of feed time is delivered in one go: orders, deals, published queues, snapshots,
+/// ladders.
 ///
 /// The day and the sink must outlive the session. For one thread at a time; the sink is called on that
 /// thread.
@@ -81,6 +82,7 @@ private:
         Deal,
         Queue,
         Snapshot,
+        Ladder,
     };
 
     /// How much of each vector is used up, and the latest moment of the sequence so far.
@@ -90,6 +92,7 @@ private:
         std::size_t deals = 0;
         std::size_t queues = 0;
         std::size_t snapshots = 0;
+        std::size_t ladders = 0;
         std::int64_t sequenceTime = std::numeric_limits<std::int64_t>::min();
     };
 
@@ -103,6 +106,7 @@ private:
     void deliverHistory(const Position& to);
     void sendOrders(std::size_t from, std::size_t to, int status);
     void sendDeals(std::size_t from, std::size_t to, int status);
+    void sendLadder(std::size_t at, int status);
     template <class Send>
     void sendHistory(std::size_t count, Send send);
 
@@ -119,6 +123,7 @@ private:
     int m_orderCalls = 0;
     int m_dealCalls = 0;
     int m_quoteCalls = 0;
+    int m_ladderCalls = 0;
 };
 
 } // namespace feed

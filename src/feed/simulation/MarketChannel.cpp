@@ -100,6 +100,7 @@ void MarketChannel::count(int ticks, std::int64_t volume)
         m_totals.lowTicks = ticks;
     }
     m_totals.lastTicks = ticks;
+    m_totals.lastVolume = volume;
     m_totals.highTicks = std::max(m_totals.highTicks, ticks);
     m_totals.lowTicks = std::min(m_totals.lowTicks, ticks);
     m_totals.volume += volume;

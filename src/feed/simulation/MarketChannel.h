@@ -16,8 +16,9 @@ struct DayTotals
     int openTicks = 0;
     int highTicks = 0;
     int lowTicks = 0;
-    std::int64_t volume = 0; ///< shares
-    double turnover = 0;     ///< yuan
+    std::int64_t lastVolume = 0; ///< shares of the latest deal
+    std::int64_t volume = 0;     ///< shares
+    double turnover = 0;         ///< yuan
     std::int32_t deals = 0;
 };
 

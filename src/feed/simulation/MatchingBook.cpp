@@ -10,13 +10,14 @@ namespace {
 
 constexpr int kMarketOrderPrices = 5;
 
-TrueOrder restOf(std::int64_t number, std::int64_t original, std::int64_t rest)
+TrueOrder restOf(std::int64_t number, std::int64_t original, std::int64_t rest, std::int64_t time)
 {
     TrueOrder order;
     order.number = number;
     order.original = original;
     order.remaining = rest;
     order.dealt = original - rest;
+    order.time = time;
     return order;
 }
 
@@ -29,13 +30,13 @@ void MatchingBook::limit(Side side, int ticks, std::int64_t volume)
     const std::int64_t number = m_channel.announceOrder(side, quoter::eOrderLimit, ticks, volume);
     const std::int64_t rest = take(side, number, ticks, volume, std::numeric_limits<int>::max());
     if (rest > 0)
-        m_book.add(side, ticks, restOf(number, volume, rest));
+        m_book.add(side, ticks, restOf(number, volume, rest, m_channel.time()));
 }
 
 void MatchingBook::limitInAuction(Side side, int ticks, std::int64_t volume)
 {
     const std::int64_t number = m_channel.announceOrder(side, quoter::eOrderLimit, ticks, volume);
-    m_book.add(side, ticks, restOf(number, volume, volume));
+    m_book.add(side, ticks, restOf(number, volume, volume, m_channel.time()));
 }
 
 void MatchingBook::market(Side side, std::int64_t volume)
@@ -54,7 +55,7 @@ void MatchingBook::bestOwnSide(Side side, std::int64_t volume)
         m_channel.announceCancel(side, number, volume);
         return;
     }
-    TrueOrder order = restOf(number, volume, volume);
+    TrueOrder order = restOf(number, volume, volume, m_channel.time());
     order.priceless = true;
     m_book.add(side, m_book.bestTicks(side), order);
 }

@@ -199,6 +199,8 @@ void SimulatedExchange::matchAuction()
 
 void SimulatedExchange::publishSnapshot(RowSink& sink)
 {
+    if (sink.takesLadders())
+        sink.onLadder(publishLadder(m_book, m_channel));
     const double previousClose = m_settings.detail.previousClose;
     if (!m_auctionOpen) {
         sink.onSnapshot(publishBook(m_book, m_channel, m_phase, previousClose));

@@ -17,9 +17,10 @@ namespace feed {
 
 /// An exchange that trades one instrument for one day, with its traders. It delivers what the exchanges
 /// deliver: orders, deals and cancellations in one sequence (an order's row before its deals, with the
-/// original volume), a snapshot every three seconds of trading and at each change of phase, and the published
-/// queue at the best prices during continuous trading. At any moment it tells the true queue. The same
-/// settings give the same rows, bit for bit, on every machine.
+/// original volume), a snapshot every three seconds of trading and at each change of phase, with it the
+/// ladder of a thousand prices a side where the sink takes it, and the published queue at the best prices
+/// during continuous trading. At any moment it tells the true queue. The same settings give the same rows,
+/// bit for bit, on every machine.
 ///
 /// Not modelled: the price cage around the best price, trading after hours, halts, and the later close that
 /// some bonds and repurchases have. An order outside the price limits is refused and never published.

@@ -32,6 +32,7 @@ struct TrueOrder
     std::int64_t remaining = 0;
     std::int64_t original = 0;
     std::int64_t dealt = 0;
+    std::int64_t time = 0;  ///< of its announcement, ms since 1970-01-01 UTC; 0 where nobody told
     bool priceless = false; ///< the feed's order record has no price although the order stands at one
 };
 

@@ -1,5 +1,7 @@
 #include "feed/simulation/published_rows.h"
 
+#include <utility>
+
 namespace feed {
 namespace {
 
@@ -43,6 +45,19 @@ std::vector<std::int64_t> firstVolumes(const TrueBook& book, Side side)
     return volumes;
 }
 
+std::vector<LadderLevel> ladderLevels(const TrueBook& book, Side side)
+{
+    std::vector<LadderLevel> levels;
+    for (const TrueLevel& level : book.levels(side, LadderRow::kLevels)) {
+        LadderLevel published{level.price, level.volume, {}};
+        published.orders.reserve(static_cast<std::size_t>(level.orderCount));
+        for (const TrueOrder& order : book.orders(side, level.price))
+            published.orders.push_back({order.number, order.time, order.original, order.dealt});
+        levels.push_back(std::move(published));
+    }
+    return levels;
+}
+
 } // namespace
 
 SnapshotRow publishBook(const TrueBook& book, const MarketChannel& channel, Phase phase, double previousClose)
@@ -63,6 +78,18 @@ SnapshotRow publishAuction(const AuctionMatch& match, const TickScale& scale, co
     row.askVolume[0] = match.volume;
     row.bidVolume[1] = match.buyRest;
     row.askVolume[1] = match.sellRest;
+    return row;
+}
+
+LadderRow publishLadder(const TrueBook& book, const MarketChannel& channel)
+{
+    LadderRow row;
+    row.time = channel.time();
+    row.seq = channel.lastSequence();
+    row.lastPrice = book.scale().price(channel.totals().lastTicks);
+    row.lastVolume = channel.totals().lastVolume;
+    row.buys = ladderLevels(book, Side::Buy);
+    row.sells = ladderLevels(book, Side::Sell);
     return row;
 }
 

@@ -20,6 +20,9 @@ SnapshotRow publishBook(const TrueBook& book, const MarketChannel& channel, Phas
 SnapshotRow publishAuction(const AuctionMatch& match, const TickScale& scale, const MarketChannel& channel,
                            Phase phase, double previousClose);
 
+/// The best thousand prices a side with all orders that stand there.
+LadderRow publishLadder(const TrueBook& book, const MarketChannel& channel);
+
 /// The first orders at both best prices.
 QueueRow publishQueues(const TrueBook& book, const MarketChannel& channel);
 
