@@ -144,10 +144,11 @@ private:
         QPen minute;
         QPen buyRun;
         QPen sellRun;
+        QColor active; ///< ground of the side of the strip that was active
     };
 
     void switchStrip(bool show);
-    void drawDeal(QPainter* painter, const DepthTransData& row, int index, int number);
+    void drawDeal(QPainter* painter, const Pens& pens, const DepthTransData& row, int index, int number);
     void closeRuns(QPainter* painter, Pens& pens, const boost::shared_ptr<DepthTransData>& previous,
                    const DepthTransData& row, int index);
     void closeRunsBelow(QPainter* painter, Pens& pens, int last);

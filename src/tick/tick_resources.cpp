@@ -20,6 +20,9 @@ constexpr const char* kDefaultText = "ic_clr_entrust_default_text";
 constexpr const char* kFallText = "ic_clr_entrust_text_fall";
 constexpr const char* kRiseText = "ic_clr_entrust_text_rise";
 
+constexpr const char* kGround = "ic_clr_graph_kline_bg";
+constexpr int kLightGround = 128; // lightness from which a ground counts as light
+
 constexpr double kLeastLargeAmount = 10000; // yuan, shown in 万
 
 constexpr const char* kBarSheet =
@@ -61,6 +64,11 @@ const char* markColorKey(int index)
 const QColor* markColor(int index)
 {
     return themeColor(markColorKey(index));
+}
+
+bool isGroundLight()
+{
+    return themeColor(kGround)->lightness() >= kLightGround;
 }
 
 const QColor* priceColor(double price, double reference)

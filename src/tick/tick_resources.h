@@ -21,6 +21,10 @@ const QColor* markColor(int index);
 /// The key of that colour.
 const char* markColorKey(int index);
 
+/// Whether the panels' ground is light, so that a colour that is made for a dark one needs another in its
+/// place.
+bool isGroundLight();
+
 /// Fall below the reference, rise above it, else default.
 const QColor* priceColor(double price, double reference);
 

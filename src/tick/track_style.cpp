@@ -20,7 +20,6 @@ constexpr const char* kCaption = "kel_clr_depth_module_group_base_widget_header"
 
 constexpr int kTextOpacity = 160;
 constexpr int kCancelledOpacity = 64;
-constexpr int kLightGround = 128; // lightness from which a ground counts as light
 
 // Columns of a row, pixels from its left edge
 constexpr int kTimeWidth = 50;
@@ -37,7 +36,7 @@ const QString kLots = QStringLiteral("手");
 TrackStyle::TrackStyle()
     : font(*themeFont(kFont)), ground(*themeColor(kGround)), caption(*themeColor(kCaption))
 {
-    ink = ground.lightness() >= kLightGround ? QColor(0, 0, 0) : QColor(255, 255, 255);
+    ink = isGroundLight() ? QColor(0, 0, 0) : QColor(255, 255, 255);
     text = ink;
     text.setAlpha(kTextOpacity);
     cancelled = ink;

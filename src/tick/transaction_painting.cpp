@@ -21,6 +21,11 @@ constexpr int kRunTextGap = 4;        // between a run's number and what is at e
 constexpr int kMinuteLineInset = 3;   // of the right end
 
 const QColor kHighlightGround(0, 0, 128, 255); // behind the deals that another panel has chosen
+const QColor kActiveGround(Qt::darkBlue);      // behind the side of the strip that was active
+
+// The same where the ground is light
+constexpr const char* kHighlightOnLight = "kel_clr_deptch_holographic_deal_highlight_bg";
+constexpr const char* kActiveOnLight = "kel_clr_deptch_holographic_deal_active_deal_bg";
 
 constexpr const char* kMinuteLine = "ic_clr_modelgroup_transaction_splitter";
 
@@ -67,8 +72,10 @@ void CDepthTransactionWidget::drawGraph(QPainter* painter)
     drawSeparators(painter, -(m_layout.groupGap / 2));
     if (m_total == 0)
         return;
+    const QColor highlight = isGroundLight() ? *themeColor(kHighlightOnLight) : kHighlightGround;
     Pens pens{QPen(*themeColor(kMinuteLine), 1, Qt::DashLine), QPen(*m_clrRise, 1, Qt::SolidLine),
-              QPen(*m_clrFall, 1, Qt::SolidLine)};
+              QPen(*m_clrFall, 1, Qt::SolidLine),
+              isGroundLight() ? *themeColor(kActiveOnLight) : kActiveGround};
     const int end = std::min(m_firstIndex + m_layout.capacity(), m_total);
     boost::shared_ptr<DepthTransData> previous =
         m_firstIndex > 0 ? m_model->getData(m_firstIndex - 1) : nullptr;
@@ -88,14 +95,14 @@ void CDepthTransactionWidget::drawGraph(QPainter* painter)
         if (index >= m_highlightRange.first && index <= m_highlightRange.second &&
             m_highlightRange.first >= 0)
             painter->fillRect(m_layout.left(place), m_layout.lineTop(place), stripOffset(),
-                              m_layout.rowHeight, kHighlightGround);
+                              m_layout.rowHeight, highlight);
         if (isMinute) {
             const int y = m_layout.lineTop(place);
             painter->setPen(pens.minute);
             painter->drawLine(m_layout.left(place) + 1, y,
                               m_layout.left(place) + m_layout.groupWidth - kMinuteLineInset, y);
         }
-        drawDeal(painter, *row, index, number);
+        drawDeal(painter, pens, *row, index, number);
         if (m_showHoloGraph && index > m_firstIndex && previous)
             closeRuns(painter, pens, previous, *row, index);
         previous = row;
@@ -105,7 +112,8 @@ void CDepthTransactionWidget::drawGraph(QPainter* painter)
         closeRunsBelow(painter, pens, last);
 }
 
-void CDepthTransactionWidget::drawDeal(QPainter* painter, const DepthTransData& row, int index, int number)
+void CDepthTransactionWidget::drawDeal(QPainter* painter, const Pens& pens, const DepthTransData& row,
+                                       int index, int number)
 {
     const int place = index - m_firstIndex;
     const int height = m_layout.rowHeight;
@@ -135,9 +143,9 @@ void CDepthTransactionWidget::drawDeal(QPainter* painter, const DepthTransData& 
     x += m_volumeWidth - barRoom();
     const int half = m_holoWidth / 2;
     if (row.activeSide == 2)
-        painter->fillRect(x + 2, y + 1, half - 3, height - 1, Qt::darkBlue);
+        painter->fillRect(x + 2, y + 1, half - 3, height - 1, pens.active);
     else if (row.activeSide == 1)
-        painter->fillRect(x + 1 + half, y + 1, half - 3, height - 1, Qt::darkBlue);
+        painter->fillRect(x + 1 + half, y + 1, half - 3, height - 1, pens.active);
 }
 
 void CDepthTransactionWidget::drawRun(QPainter* painter, Pens& pens,

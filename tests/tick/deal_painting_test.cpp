@@ -239,3 +239,17 @@ TEST(DealPicture, FollowsTheTheme)
     resource.setTheme(QStringLiteral("dark"));
     EXPECT_EQ(panel.grab().toImage(), dark);
 }
+
+TEST(DealPicture, OnALightGroundTheStripAndTheHighlightAreLightAsWell)
+{
+    auto& resource = utils::CSingletonT<Zeb::CUiResource>::instance();
+    resource.setTheme(QStringLiteral("light"));
+    DealPanel panel;
+    panel.deals({deal(1, 1, 2, 10, 5500, at(10, 0, 1), 1)});
+    panel.m_highlightRange = {0, 0};
+    const auto picture = panel.picture();
+    EXPECT_EQ(picture->fillsOf(colorOf("kel_clr_deptch_holographic_deal_active_deal_bg")).size(), 1u);
+    EXPECT_EQ(picture->fillsOf(colorOf("kel_clr_deptch_holographic_deal_highlight_bg")).size(), 1u);
+    EXPECT_TRUE(picture->fillsOf(kHighlight).empty());
+    resource.setTheme(QStringLiteral("dark"));
+}
