@@ -6,14 +6,18 @@
 #include "platform/toolkit/CStandardTable.h"
 #include "platform/toolkit/CWidgetList.h"
 #include "platform/utils/CSingletonT.h"
+#include "platform/utils/Log.h"
 #include "platform/utils/market_predicates.h"
 
 #include <QTimer>
 #include <QWheelEvent>
 
 #include <boost/make_shared.hpp>
+#include <boost/thread/exceptions.hpp>
 #include <boost/thread/lock_guard.hpp>
 #include <boost/thread/thread.hpp>
+
+#include <exception>
 
 namespace Kel {
 
@@ -32,11 +36,32 @@ constexpr int kLocalPage = 3;
 
 using Lock = boost::lock_guard<boost::mutex>;
 
+/// Runs `job` on a thread of its own. Where no thread or no memory is left the job is not done, which is
+/// logged.
+template <class Job>
+void runDetached(Job job)
+{
+    const auto guarded = [job] {
+        try {
+            job();
+        } catch (const std::exception& error) {
+            DEPTH_LOG(utils::kLogError, "CInformationWidget",
+                      boost::format("local information not read: %1%") % error.what());
+        }
+    };
+    try {
+        boost::thread(guarded).detach();
+    } catch (const boost::thread_resource_error& error) {
+        DEPTH_LOG(utils::kLogError, "CInformationWidget",
+                  boost::format("local information not read: %1%") % error.what());
+    }
+}
+
 /// Counts a request and starts the thread that reads for it.
 void startReading(const std::shared_ptr<LocalInformation>& local, const QString& code)
 {
     ++local->requestCount;
-    boost::thread([local, code] { local->read(code); }).detach();
+    runDetached([local, code] { local->read(code); });
 }
 
 } // namespace
@@ -189,7 +214,7 @@ void CInformationWidget::slotRequestTimeOut()
         return;
     }
     // A hidden panel leaves even the start of the thread to another one.
-    boost::thread([local = m_local, code = getStock()] { startReading(local, code); }).detach();
+    runDetached([local = m_local, code = getStock()] { startReading(local, code); });
 }
 
 void CInformationWidget::readLocalInformation(const QString& code)

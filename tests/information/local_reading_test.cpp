@@ -200,3 +200,16 @@ TEST_F(LocalReading, ReadersOfDifferentInstrumentsOverlap)
     for (auto rows = m_local.localValues.cbegin(); rows != m_local.localValues.cend(); ++rows)
         EXPECT_EQ(rows.value().value("1").size(), 20000) << "files come as a whole";
 }
+
+TEST_F(LocalReading, TheSampleFilesBelongToTheSimulatedInstruments)
+{
+    setExternalDataDir(QStringLiteral(DEPTH_SOURCE_DIR "/examples/external_data"));
+    add("SH", "600999", "沪市模拟");
+    add("SZ", "003999", "深市模拟");
+    m_local.read("SH600999");
+    m_local.read("SZ003999");
+    EXPECT_EQ(keys(), (QStringList{"沪市模拟_机构调研", "沪市模拟_股东变动", "深市模拟_融资融券"}));
+    EXPECT_EQ(m_local.localValues["沪市模拟_股东变动"]["2023-01-31"].size(), 2);
+    EXPECT_EQ(m_local.localValues["沪市模拟_股东变动"]["2023-01-31"][0].last(), "集中竞价,减持");
+    EXPECT_TRUE(m_local.localValues["深市模拟_融资融券"].contains("2023-01-31")) << "the date is column 1";
+}

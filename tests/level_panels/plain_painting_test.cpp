@@ -56,6 +56,14 @@ TEST_F(PlainPicture, TheLadderStandsInTheMiddleOfThePanel)
     EXPECT_EQ(m_panel.m_topY, 0) << "half a pixel is cut";
 }
 
+TEST_F(PlainPicture, OtherLevelsMoveTheLadderAtTheNextResize)
+{
+    m_panel.setLevelStatus(2);
+    EXPECT_EQ(m_panel.m_topY, 40) << "a host gives the panel the height that it asks for now";
+    m_panel.resize(300, m_panel.getMinimumSizeHeight());
+    EXPECT_EQ(m_panel.m_topY, 0);
+}
+
 TEST_F(PlainPicture, TheGroundIsFilledAndTheMiddleRowLinedBeforeAnythingIsClipped)
 {
     const auto picture = m_panel.background();
@@ -83,20 +91,24 @@ TEST_F(PlainPicture, LabelsStandInTheirRowsFromTheTop)
     const auto picture = m_panel.background();
     // A letter and its number may be runs of different fonts.
     EXPECT_EQ(picture->texts().join(""), "最新现手卖⑤卖④卖③卖②卖①买①买②买③买④买⑤");
-    const auto sells = picture->textCommands("卖");
-    const auto buys = picture->textCommands("买");
-    ASSERT_EQ(sells.size(), 5u);
-    ASSERT_EQ(buys.size(), 5u);
+    const auto labelIn = [&picture](const QRect& box, const char* letter) {
+        for (const PaintCommand& text : picture->all(PaintCommand::eText)) {
+            if (text.text.startsWith(QString(letter)) && text.standsIn(box, kLeft))
+                return text;
+        }
+        return PaintCommand();
+    };
     EXPECT_TRUE(picture->text("最新").standsIn(QRect(3, 140, 30, 20), kLeft));
     EXPECT_TRUE(picture->text("现手").standsIn(QRect(5 + 8 + 45 + 65 + 30, 140, 65, 20), kLeft));
-    EXPECT_TRUE(sells[0].standsIn(QRect(3, 40, 30, 20), kLeft));
-    EXPECT_TRUE(sells[4].standsIn(QRect(3, 120, 30, 20), kLeft));
-    EXPECT_TRUE(buys[0].standsIn(QRect(3, 160, 30, 20), kLeft));
-    EXPECT_TRUE(buys[4].standsIn(QRect(3, 240, 30, 20), kLeft));
+    EXPECT_EQ(labelIn(QRect(3, 40, 30, 20), "卖").kind, PaintCommand::eText);
+    EXPECT_EQ(labelIn(QRect(3, 120, 30, 20), "卖").kind, PaintCommand::eText);
+    EXPECT_EQ(labelIn(QRect(3, 160, 30, 20), "买").kind, PaintCommand::eText);
+    EXPECT_EQ(labelIn(QRect(3, 240, 30, 20), "买").kind, PaintCommand::eText);
     EXPECT_EQ(picture->text("最新").color(), color("ic_clr_entrust_lastest_text"));
     EXPECT_EQ(picture->text("现手").color(), color("ic_clr_entrust_lastest_text"));
-    EXPECT_EQ(sells[0].color(), color("ic_clr_entrust_default_text"));
-    EXPECT_EQ(buys[4].font.pixelSize(), pixels("ic_fnt_index_modulegroup_entruststatus_text"));
+    EXPECT_EQ(labelIn(QRect(3, 40, 30, 20), "卖").color(), color("ic_clr_entrust_default_text"));
+    EXPECT_EQ(labelIn(QRect(3, 240, 30, 20), "买").font.pixelSize(),
+              pixels("ic_fnt_index_modulegroup_entruststatus_text"));
 }
 
 TEST_F(PlainPicture, RowsAboveThePanelArePassedOverAndThoseBelowEndIt)
