@@ -178,10 +178,14 @@ void CDepthOrderQueueWidget::paintEvent(QPaintEvent* event)
     // Moved to a screen of another scale: the picture is drawn anew for that one, after this event.
     if (m_pixmap.devicePixelRatioF() != devicePixelRatioF())
         QMetaObject::invokeMethod(this, &CDepthOrderQueueWidget::updateAll, Qt::QueuedConnection);
-    // By its corner: the pixmap is whole device pixels, and fitting it into the rectangle would blur it where
-    // the scale makes parts of one.
     QPainter painter(this);
-    painter.drawPixmap(m_clientRect.topLeft(), m_pixmap);
+    if (m_pixmap.size() == pixmapSize()) {
+        // By its corner: the pixmap is whole device pixels, and fitting it into the rectangle would blur it
+        // where the scale makes parts of one.
+        painter.drawPixmap(m_clientRect.topLeft(), m_pixmap);
+    } else {
+        painter.drawPixmap(m_clientRect, m_pixmap);
+    }
 }
 
 void CDepthOrderQueueWidget::themeChanged()

@@ -274,6 +274,7 @@ private:
     void applyScrollBarSheet();
     void moveSlider(int position);
     void setSliderMaximum(int maximum);
+    QSize pixmapSize() const; ///< device pixels of a picture of `m_clientRect`
     void newPixmap();
     void fitPixmap();
     void scrolled();

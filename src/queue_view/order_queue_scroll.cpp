@@ -80,12 +80,16 @@ void CDepthOrderQueueWidget::setSliderMaximum(int maximum)
 // Size
 // ------------------------------------------------------------------------------------------------------------------
 
+QSize CDepthOrderQueueWidget::pixmapSize() const
+{
+    const QSizeF size = QSizeF(m_clientRect.size()) * devicePixelRatioF();
+    return {static_cast<int>(std::ceil(size.width())), static_cast<int>(std::ceil(size.height()))};
+}
+
 void CDepthOrderQueueWidget::newPixmap()
 {
-    const qreal ratio = devicePixelRatioF();
-    const QSizeF size = QSizeF(m_clientRect.size()) * ratio;
-    m_pixmap = QPixmap(static_cast<int>(std::ceil(size.width())), static_cast<int>(std::ceil(size.height())));
-    m_pixmap.setDevicePixelRatio(ratio);
+    m_pixmap = QPixmap(pixmapSize());
+    m_pixmap.setDevicePixelRatio(devicePixelRatioF());
     m_pixmap.fill(*m_theme.back); // the last part of a device pixel too
 }
 
