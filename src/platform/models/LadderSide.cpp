@@ -17,14 +17,15 @@ void LadderSide::clear()
     m_unseen.clear();
 }
 
-LadderSide::Row LadderSide::makeRow(const BookLevel& level, std::int32_t before, int unit) const
+/// `reported`: lots in the report before, kNever for a level that was in none.
+LadderSide::Row LadderSide::makeRow(const BookLevel& level, std::int32_t reported, int unit)
 {
     const auto data = boost::make_shared<EntrustData>();
     data->price = level.price;
     data->volume = toLots(level.volume, unit);
-    data->change = clampToInt(std::int64_t(data->volume) - before);
+    data->change = clampToInt(std::int64_t(data->volume) - (reported == kNever ? 0 : reported));
     data->orderCount = level.orderCount;
-    return {level.key, level.price, data->volume * level.price, data};
+    return {level.key, data->volume, reported, level.price, data->volume * level.price, data};
 }
 
 /// The row of a level that is not shown yet. One that was reported before tells what changed since.
@@ -32,27 +33,34 @@ LadderSide::Row LadderSide::newRow(const BookLevel& level, int unit)
 {
     const auto reported = m_unseen.find(level.key);
     if (reported == m_unseen.end())
-        return makeRow(level, 0, unit);
+        return makeRow(level, kNever, unit);
     Row row = makeRow(level, reported->second, unit);
     m_unseen.erase(reported);
     return row;
 }
 
 /// False if the row's data is what the level says.
-bool LadderSide::renew(Row& row, const BookLevel& level, int unit) const
+bool LadderSide::renew(Row& row, const BookLevel& level, int unit)
 {
-    const EntrustData& shown = *row.data;
-    if (shown.volume == toLots(level.volume, unit) && shown.orderCount == level.orderCount &&
-        isEqual(shown.price, level.price))
+    if (row.lots == toLots(level.volume, unit) && row.data->orderCount == level.orderCount &&
+        isEqual(row.price, level.price))
         return false;
-    row = makeRow(level, shown.volume, unit);
+    row = makeRow(level, row.reported, unit);
     return true;
 }
 
-/// The row is shown no longer, though its level may stand.
+/// The row is shown no longer, though its level stands.
 void LadderSide::drop(const Row& row)
 {
-    m_unseen[row.key] = row.data->volume;
+    if (row.reported != kNever)
+        m_unseen[row.key] = row.reported;
+}
+
+/// What is shown now is what the next report counts from.
+void LadderSide::settle()
+{
+    for (Row& row : m_rows)
+        row.reported = row.lots;
 }
 
 LadderSide::News LadderSide::cover(const std::vector<BookLevel>& levels, int unit)
@@ -64,6 +72,7 @@ LadderSide::News LadderSide::cover(const std::vector<BookLevel>& levels, int uni
     m_rows.reserve(levels.size());
     for (const BookLevel& level : levels)
         m_rows.push_back(makeRow(level, toLots(level.volume, unit), unit));
+    settle();
     return news;
 }
 
@@ -89,6 +98,7 @@ LadderSide::News LadderSide::replace(const std::vector<BookLevel>& levels, int u
     m_next.clear();
     // Nobody tells which of the levels that are not shown still stand.
     m_unseen.clear();
+    settle();
     return news;
 }
 
@@ -140,6 +150,7 @@ LadderSide::News LadderSide::update(const OrderBook& book, const std::vector<int
         }
     }
     forget(book, keys);
+    settle();
     news.size = m_rows.size() != before;
     return news;
 }

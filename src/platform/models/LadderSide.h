@@ -53,20 +53,25 @@ public:
     void addBounds(double& minPrice, double& maxPrice, double& maxAmount) const;
 
 private:
+    static constexpr std::int32_t kNever = -1;
+
     struct Row
     {
         int key = 0;
+        std::int32_t lots = 0;
+        std::int32_t reported = kNever; ///< lots in the report before
         double price = 0;
         double amount = 0; ///< lots times price
         boost::shared_ptr<EntrustData> data;
     };
 
     bool isBetter(int key, int than) const { return m_side == OQT_BUY ? key > than : key < than; }
-    Row makeRow(const BookLevel& level, std::int32_t before, int unit) const;
+    static Row makeRow(const BookLevel& level, std::int32_t reported, int unit);
     Row newRow(const BookLevel& level, int unit);
-    bool renew(Row& row, const BookLevel& level, int unit) const;
+    static bool renew(Row& row, const BookLevel& level, int unit);
     void drop(const Row& row);
     void forget(const OrderBook& book, const std::vector<int>& keys);
+    void settle();
 
     EOrderQueueType m_side;
     std::vector<Row> m_rows; ///< best first

@@ -1,9 +1,12 @@
 #include "platform/models/OrderBook.h"
 
 #include "records/PriceKey.h"
+#include "records/Tolerance.h"
 
 #include <algorithm>
 #include <cmath>
+#include <cstdio>
+#include <cstdlib>
 
 namespace Kel {
 
@@ -17,6 +20,10 @@ constexpr std::int64_t kMostShares = 1000000000000;
 /// Touched prices of a side that are kept one by one. A book that nobody reads must not keep account for
 /// ever.
 constexpr std::size_t kMostTouched = 4096;
+
+#ifdef DEPTH_CHECK_INVARIANTS
+constexpr unsigned kKeysChecked = 512; // prices above the lowest one that take turns
+#endif
 
 bool isPrice(double price)
 {
@@ -237,6 +244,7 @@ void OrderBook::touch(Level& level)
 
 OrderBook::Changes OrderBook::takeChanges()
 {
+    checkInvariants();
     Changes changes;
     changes.everything = m_everythingChanged;
     const auto settle = [this](EOrderQueueType side, std::vector<int>& touched) {
@@ -358,33 +366,63 @@ std::string OrderBook::firstFault() const
 
 std::string OrderBook::sideFault(EOrderQueueType side, std::size_t& orders) const
 {
-    for (const auto& [key, levelIndex] : sideOf(side)) {
-        const Level& level = levelAt(levelIndex);
-        if (level.key != key || level.side != side)
-            return "a level stands under another price or side";
-        std::int64_t volume = 0;
-        int count = 0;
-        Index previous = kNone;
-        for (Index at = level.first; at != kNone; at = node(at).next) {
-            const Node& order = node(at);
-            const auto entry = m_index.find(order.number);
-            if (entry == m_index.end() || entry->second != at)
-                return "an order is not in the index";
-            if (order.previous != previous || order.level != levelIndex)
-                return "an order is linked wrongly";
-            if (order.dealt < 0 || order.dealt >= order.volume)
-                return "a finished order stands";
-            volume += order.volume - order.dealt;
-            ++count;
-            previous = at;
-        }
-        if (count == 0)
-            return "a level has no orders";
-        if (level.last != previous || level.count != count || level.volume != volume)
-            return "a level's sum, count or end is wrong";
-        orders += static_cast<std::size_t>(count);
+    for (const auto& [key, at] : sideOf(side)) {
+        std::string fault = levelFault(side, key, at);
+        if (!fault.empty())
+            return fault;
+        orders += static_cast<std::size_t>(levelAt(at).count);
     }
     return {};
+}
+
+std::string OrderBook::levelFault(EOrderQueueType side, int key, Index at) const
+{
+    const Level& level = levelAt(at);
+    if (level.key != key || level.side != side)
+        return "a level stands under another price or side";
+    std::int64_t volume = 0;
+    int count = 0;
+    Index previous = kNone;
+    for (Index current = level.first; current != kNone; current = node(current).next) {
+        const Node& order = node(current);
+        const auto entry = m_index.find(order.number);
+        if (entry == m_index.end() || entry->second != current)
+            return "an order is not in the index";
+        if (order.previous != previous || order.level != at)
+            return "an order is linked wrongly";
+        if (order.dealt < 0 || order.dealt >= order.volume)
+            return "a finished order stands";
+        volume += order.volume - order.dealt;
+        ++count;
+        previous = current;
+    }
+    if (count == 0)
+        return "a level has no orders";
+    if (level.last != previous || level.count != count || level.volume != volume)
+        return "a level's sum, count or end is wrong";
+    return {};
+}
+
+void OrderBook::checkInvariants() const
+{
+#ifdef DEPTH_CHECK_INVARIANTS
+    // One level a side, another one each time, or a report would cost the book instead of the change.
+    static thread_local unsigned turn = 0;
+    ++turn;
+    for (const EOrderQueueType side : {OQT_BUY, OQT_SELL}) {
+        const Side& levels = sideOf(side);
+        if (levels.empty())
+            continue;
+        auto it = levels.lower_bound(clampToInt(std::int64_t(levels.begin()->first) + turn % kKeysChecked));
+        if (it == levels.end())
+            it = levels.begin();
+        const std::string fault = levelFault(side, it->first, it->second);
+        if (fault.empty())
+            continue;
+        std::fprintf(stderr, "order book invariant violated: %s\n", fault.c_str());
+        std::abort();
+    }
+#endif
 }
 
 } // namespace Kel

@@ -170,6 +170,11 @@ private:
     BookLevel toBookLevel(const Level& level) const;
     BookOrder toBookOrder(const Node& node) const;
     std::string sideFault(EOrderQueueType side, std::size_t& orders) const;
+    std::string levelFault(EOrderQueueType side, int key, Index at) const;
+
+    /// Under DEPTH_CHECK_INVARIANTS: aborts with a message when a level (one a side, in turns) contradicts
+    /// its orders or the index.
+    void checkInvariants() const;
 
     double m_tick;
     Side m_buys;  ///< levels by key

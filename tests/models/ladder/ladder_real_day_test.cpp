@@ -15,7 +15,7 @@ namespace {
 
 using namespace testing_support;
 
-constexpr int kLevels = quoter::kDepthLevels;
+constexpr std::size_t kLevels = quoter::kDepthLevels;
 
 /// "10.01:5/2 ..." of the published levels, best first; volumes in shares.
 template <class Prices, class Volumes, class Counts>
@@ -56,7 +56,7 @@ TEST(LadderRealDay, EveryContinuousSnapshotOf600519ShowsTheTenBestRowsOfTheLadde
     model.setStock(QString::fromStdString(day.detail.market + day.detail.code));
     Answer answer;
     int snapshots = 0;
-    std::int64_t shares = 0;
+    int levels = 0;
     using Kind = host::DayTimeline::Kind;
     const host::DayTimeline timeline(day, host::placeSnapshots(day));
     for (const host::DayTimeline::Entry& entry : timeline.entries()) {
@@ -77,17 +77,23 @@ TEST(LadderRealDay, EveryContinuousSnapshotOf600519ShowsTheTenBestRowsOfTheLadde
         ASSERT_EQ(rebuilt(answer.sells, false),
                   published(snapshot.askPrice, snapshot.askVolume, snapshot.askCount))
             << "snapshot " << snapshots;
-        // In shares, by the orders of the best prices.
-        if (snapshot.bidPrice[0] != 0) {
-            const auto queue = model.getQueue(true, snapshot.bidPrice[0]);
-            ASSERT_TRUE(queue);
-            ASSERT_EQ(queue->totalVolume, snapshot.bidVolume[0]);
-            shares += queue->totalVolume;
+        // In shares, by the orders of each price.
+        for (std::size_t i = 0; i < kLevels; ++i) {
+            for (const bool isBuy : {true, false}) {
+                const double price = isBuy ? snapshot.bidPrice[i] : snapshot.askPrice[i];
+                if (price == 0)
+                    continue;
+                const auto queue = model.getQueue(isBuy, price);
+                ASSERT_TRUE(queue);
+                ASSERT_EQ(queue->totalVolume, isBuy ? snapshot.bidVolume[i] : snapshot.askVolume[i]);
+                ASSERT_EQ(queue->orderCount, isBuy ? snapshot.bidCount[i] : snapshot.askCount[i]);
+                ++levels;
+            }
         }
         ++snapshots;
     }
     EXPECT_EQ(snapshots, 4847);
-    EXPECT_GT(shares, 0);
+    EXPECT_GT(levels, 90000);
 }
 
 } // namespace
