@@ -12,6 +12,7 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QMouseEvent>
 #include <QTemporaryDir>
 #include <QTimer>
 
@@ -42,6 +43,17 @@ public:
     using CInformationWidget::readLocalInformation;
     using CInformationWidget::requestInfo;
     using CInformationWidget::updateNotice;
+
+    /// Presses and releases the mouse on a tab.
+    void clickTab(const QString& text) const
+    {
+        Zeb::CPushButton* const button = tab(text);
+        for (const auto type : {QEvent::MouseButtonPress, QEvent::MouseButtonRelease}) {
+            const auto held = type == QEvent::MouseButtonPress ? Qt::LeftButton : Qt::NoButton;
+            QMouseEvent event(type, QPointF(button->rect().center()), Qt::LeftButton, held, Qt::NoModifier);
+            QCoreApplication::sendEvent(button, &event);
+        }
+    }
 
     Zeb::CPushButton* tab(const QString& text) const
     {

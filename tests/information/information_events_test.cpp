@@ -109,15 +109,15 @@ TEST_F(InformationEvents, AClickOnATabChoosesItsPageAndMarksIt)
 {
     m_panel.resize(600, 200);
     m_panel.show();
-    m_panel.tab("公告")->click();
+    m_panel.clickTab("公告");
     EXPECT_EQ(pages(), "announcements ");
     EXPECT_TRUE(m_panel.tab("公告")->isChecked());
-    m_panel.tab("本地资讯")->click();
+    m_panel.clickTab("本地资讯");
     EXPECT_EQ(pages(), "local ");
     EXPECT_FALSE(m_panel.tab("公告")->isChecked());
-    m_panel.tab("本地资讯")->click();
+    m_panel.clickTab("本地资讯");
     EXPECT_TRUE(m_panel.tab("本地资讯")->isChecked()) << "the chosen tab stays chosen";
-    m_panel.tab("研报")->click();
+    m_panel.clickTab("研报");
     EXPECT_EQ(pages(), "reports ");
 }
 
@@ -130,7 +130,7 @@ TEST_F(InformationEvents, TheNewsTabWorksOnceTheTableIsFilled)
     EXPECT_TRUE(m_panel.tab("新闻")->isEnabled());
     EXPECT_TRUE(isShown(0));
     EXPECT_TRUE(m_panel.tab("新闻")->isChecked());
-    m_panel.tab("新闻")->click();
+    m_panel.clickTab("新闻");
     EXPECT_FALSE(isShown(0));
     EXPECT_FALSE(m_panel.tab("新闻")->isChecked());
     EXPECT_EQ(pages(), "reports ") << "the news have no page";

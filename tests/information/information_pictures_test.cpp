@@ -61,14 +61,14 @@ TEST_P(InformationPictures, OfItsPagesHoldInk)
     panel.updateNotice({notice("关于召开2022年年度股东大会的通知", "http://example/1"),
                         notice("2022年度业绩快报公告", "http://example/2"),
                         notice("关于董事辞职的公告", "http://example/3")});
-    panel.tab("公告")->click();
+    panel.clickTab("公告");
     keep(panel, "information_announcements");
     panel.requestInfo();
     ASSERT_TRUE(waitFor([&panel] { return panel.m_tables[3]->model()->rowCount() > 0; }));
-    panel.tab("本地资讯")->click();
+    panel.clickTab("本地资讯");
     keep(panel, "information_local");
     panel.addOneRow(panel.table(CInformationWidget::eTableNews), notice("银行板块午后走强"));
-    panel.tab("研报")->click();
+    panel.clickTab("研报");
     keep(panel, "information_news");
 }
 
