@@ -119,7 +119,7 @@ void addNotices(benchmark::State& state)
 {
     addStock();
     QList<boost::shared_ptr<quoter::Notice>> notices;
-    for (int i = 0; i < kNotices; ++i) {
+    for (int i = 0; i < state.range(0); ++i) {
         auto notice = boost::make_shared<quoter::Notice>();
         notice->title = "关于回购股份进展的公告" + std::to_string(i);
         notices.append(notice);
@@ -133,7 +133,7 @@ void addNotices(benchmark::State& state)
         state.ResumeTiming();
     }
 }
-BENCHMARK(addNotices)->Unit(benchmark::kMillisecond);
+BENCHMARK(addNotices)->Arg(100)->Arg(1000)->Arg(kNotices)->Unit(benchmark::kMillisecond);
 
 void readLocalFile(benchmark::State& state)
 {
