@@ -279,23 +279,23 @@ int CModelDepthTransaction::getEntrustVolume(const boost::shared_ptr<DepthTransD
 int CModelDepthTransaction::tracebackSeq(int row) const
 {
     const std::lock_guard<std::mutex> lock(m_rows->mutex);
-    return m_rows->view->placeInSecond(*m_rows->deals, row);
+    return m_rows->view->seconds().placeInSecond(row);
 }
 
 std::pair<int, int> CModelDepthTransaction::find(int time) const
 {
     const std::lock_guard<std::mutex> lock(m_rows->mutex);
-    return m_rows->view->rowsOfTime(*m_rows->deals, time);
+    return m_rows->view->seconds().rowsOfTime(time);
 }
 
 int CModelDepthTransaction::find(int time, bool after) const
 {
     const std::lock_guard<std::mutex> lock(m_rows->mutex);
-    const int first = m_rows->view->firstNotBefore(*m_rows->deals, time);
+    const int first = m_rows->view->seconds().firstNotBefore(time);
     const int size = m_rows->view->size();
     if (after)
         return first < size ? first : -1;
-    const std::pair<int, int> rows = m_rows->view->rowsOfTime(*m_rows->deals, time);
+    const std::pair<int, int> rows = m_rows->view->seconds().rowsOfTime(time);
     return rows.second >= 0 ? rows.second : first - 1;
 }
 
@@ -305,10 +305,10 @@ bool CModelDepthTransaction::tryFind(const TransData* data, std::pair<int, int>&
     if (data == nullptr)
         return false;
     const std::lock_guard<std::mutex> lock(m_rows->mutex);
-    const int last = m_rows->view->firstNotBefore(*m_rows->deals, data->time) - 1;
+    const int last = m_rows->view->seconds().firstNotBefore(data->time) - 1;
     if (last < 0)
         return false;
-    rows = {last - m_rows->view->placeInSecond(*m_rows->deals, last) + 1, last};
+    rows = {last - m_rows->view->seconds().placeInSecond(last) + 1, last};
     return true;
 }
 

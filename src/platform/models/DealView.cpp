@@ -46,6 +46,7 @@ void DealView::look(const DealLog& deals, int end)
         if (keep) {
             const Runs runs = runsAfter(deals, deal);
             m_runs.append(runs);
+            m_seconds.append(deal.time);
         }
         m_indexes.offer(keep);
     }
@@ -55,6 +56,7 @@ void DealView::truncate(int index)
 {
     m_indexes.truncate(index);
     m_runs.truncate(m_indexes.size());
+    m_seconds.truncate(m_indexes.size());
 }
 
 void DealView::fill(const DealLog& deals, int row, DepthTransData& into) const
@@ -75,21 +77,6 @@ void DealView::fill(const DealLog& deals, int row, DepthTransData& into) const
     into.trend = trendOf(deal);
     into.activeSide = deal.activeSide;
     into.volumeRise = isVolumeRise(deal) ? 1 : 0;
-}
-
-int DealView::firstNotBefore(const DealLog& deals, int time) const
-{
-    return Kel::firstNotBefore(size(), time, [&](int row) { return deals[m_indexes.at(row)].time; });
-}
-
-std::pair<int, int> DealView::rowsOfTime(const DealLog& deals, int time) const
-{
-    return Kel::rowsOfTime(size(), time, [&](int row) { return deals[m_indexes.at(row)].time; });
-}
-
-int DealView::placeInSecond(const DealLog& deals, int row) const
-{
-    return Kel::placeInSecond(row, size(), [&](int at) { return deals[m_indexes.at(at)].time; });
 }
 
 } // namespace Kel

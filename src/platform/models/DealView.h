@@ -2,12 +2,12 @@
 
 #include "platform/models/DealLog.h"
 #include "platform/models/FilteredIndexes.h"
+#include "platform/models/SecondIndex.h"
 #include "records/DepthTransData.h"
 #include "records/SDepthFilterParam.h"
 
 #include <cstddef>
 #include <cstdint>
-#include <utility>
 
 namespace Kel {
 
@@ -35,16 +35,13 @@ public:
     /// Fills a row of the filtered list as it is handed out.
     void fill(const DealLog& deals, int row, DepthTransData& into) const;
 
-    /// The first row not before a time tag, `size()` for none.
-    int firstNotBefore(const DealLog& deals, int time) const;
+    /// The seconds of the filtered list.
+    const SecondIndex& seconds() const { return m_seconds; }
 
-    /// First and last row of a time tag, (-1, -1) for none.
-    std::pair<int, int> rowsOfTime(const DealLog& deals, int time) const;
-
-    /// The number, from 1, of a row within its second; 0 outside.
-    int placeInSecond(const DealLog& deals, int row) const;
-
-    std::size_t heapBytes() const { return m_indexes.heapBytes() + m_runs.heapBytes(); }
+    std::size_t heapBytes() const
+    {
+        return m_indexes.heapBytes() + m_seconds.heapBytes() + m_runs.heapBytes();
+    }
 
 private:
     struct Runs
@@ -57,6 +54,7 @@ private:
 
     SDepthFilterParam m_param;
     FilteredIndexes m_indexes;
+    SecondIndex m_seconds;
     ChunkedRows<Runs> m_runs; ///< of each row of the filtered list
 };
 

@@ -1,5 +1,6 @@
 #include "platform/models/ChunkedRows.h"
 #include "platform/models/FilteredIndexes.h"
+#include "platform/models/SecondIndex.h"
 
 #include <gtest/gtest.h>
 
@@ -136,4 +137,40 @@ TEST(FilteredIndexes, ANewVerdictOnAListThatKeptAll)
         indexes.offer(true);
     EXPECT_TRUE(indexes.judgeAgain({{2, false}}));
     EXPECT_EQ(kept(indexes), (std::vector<int>{0, 1, 3}));
+}
+
+TEST(SecondIndex, KnowsTheRowsOfEachSecondAndTheirPlaces)
+{
+    SecondIndex index;
+    for (const int time : kTimes)
+        index.append(time);
+    EXPECT_EQ(index.size(), 6);
+    EXPECT_EQ(index.rowsOfTime(5), std::make_pair(0, 0));
+    EXPECT_EQ(index.rowsOfTime(7), std::make_pair(1, 3));
+    EXPECT_EQ(index.rowsOfTime(9), std::make_pair(4, 5));
+    EXPECT_EQ(index.rowsOfTime(8), std::make_pair(-1, -1));
+    EXPECT_EQ(index.rowsOfTime(10), std::make_pair(-1, -1));
+    EXPECT_EQ(index.firstNotBefore(4), 0);
+    EXPECT_EQ(index.firstNotBefore(8), 4);
+    EXPECT_EQ(index.firstNotBefore(10), 6);
+    const int expected[] = {1, 1, 2, 3, 1, 2};
+    for (int row = 0; row < 6; ++row)
+        EXPECT_EQ(index.placeInSecond(row), expected[row]) << row;
+    EXPECT_EQ(index.placeInSecond(-1), 0);
+    EXPECT_EQ(index.placeInSecond(6), 0);
+}
+
+TEST(SecondIndex, ForgetsTheSecondsOfRowsThatWereCut)
+{
+    SecondIndex index;
+    for (const int time : kTimes)
+        index.append(time);
+    index.truncate(3);
+    EXPECT_EQ(index.rowsOfTime(7), std::make_pair(1, 2));
+    EXPECT_EQ(index.rowsOfTime(9), std::make_pair(-1, -1));
+    index.append(8);
+    EXPECT_EQ(index.rowsOfTime(8), std::make_pair(3, 3));
+    index.truncate(0);
+    EXPECT_EQ(index.rowsOfTime(5), std::make_pair(-1, -1));
+    EXPECT_EQ(index.firstNotBefore(5), 0);
 }
