@@ -275,7 +275,7 @@ static void BM_Memory(benchmark::State& state)
     }
     net::RPCEngine::drain("data_release");
 }
-BENCHMARK(BM_Memory)->ArgName("orders")->Arg(1620000)->Iterations(1)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_Memory)->ArgName("orders")->Arg(2100000)->Iterations(1)->Unit(benchmark::kMillisecond);
 
 int main(int argc, char** argv)
 {
