@@ -224,6 +224,13 @@ protected:
     int m_bigVolume = 9999; ///< lots
 
 private:
+    /// What prices are written by, asked of the model once a picture: its lock may be taken by the feed.
+    struct Reference
+    {
+        double lastClose; ///< yuan
+        double priceTick; ///< yuan
+    };
+
     void createUi();
     void showArrows();
     void moveSlider(int limit);
@@ -231,8 +238,8 @@ private:
     bool checkSelection();
     void dropSelection();
     void drawNames(QPainter& painter, const LadderLayout& layout) const;
-    void drawLatestRow(QPainter& painter, const LadderLayout& layout, int y) const;
-    void drawLevel(QPainter& painter, const LadderLayout& layout, int row) const;
+    void drawLatestRow(QPainter& painter, const LadderLayout& layout, int y, const Reference& prices) const;
+    void drawLevel(QPainter& painter, const LadderLayout& layout, int row, const Reference& prices) const;
     void drawSide(QPainter& painter, const std::vector<boost::shared_ptr<EntrustData>>& rows,
                   bool isBuy) const;
     const QColor& priceColor(double value, double reference) const;

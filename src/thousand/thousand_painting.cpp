@@ -175,15 +175,17 @@ void CDepthThousandDataWidget::paintEvent(QPaintEvent*)
 void CDepthThousandDataWidget::drawGraph(QPainter& painter) const
 {
     const LadderLayout current = layout();
+    const Reference prices{getLastClose(), getPriceTick()};
     for (int row = current.firstRow(); row < current.endRow(); ++row) {
         if (current.isLatest(row))
-            drawLatestRow(painter, current, current.rowTop(row));
+            drawLatestRow(painter, current, current.rowTop(row), prices);
         else
-            drawLevel(painter, current, row);
+            drawLevel(painter, current, row, prices);
     }
 }
 
-void CDepthThousandDataWidget::drawLevel(QPainter& painter, const LadderLayout& current, int row) const
+void CDepthThousandDataWidget::drawLevel(QPainter& painter, const LadderLayout& current, int row,
+                                         const Reference& prices) const
 {
     const EntrustData& entry = rowData(current, row);
     const bool isEmpty = &entry == m_emptyQueue.get();
@@ -199,10 +201,10 @@ void CDepthThousandDataWidget::drawLevel(QPainter& painter, const LadderLayout& 
     painter.setFont(*m_fntPrice);
     if (hover == LadderLayout::ePrice)
         painter.fillRect(LadderLayout::hoverBox(current.priceCell(y)), kHover);
-    pen(priceColor(entry.price, getLastClose()), LadderLayout::ePrice);
+    pen(priceColor(entry.price, prices.lastClose), LadderLayout::ePrice);
     painter.drawText(current.priceCell(y), kRight,
                      isEmpty ? QStringLiteral("-")
-                             : Zeb::formatPriceDoubleNumber(entry.price, getPriceTick()));
+                             : Zeb::formatPriceDoubleNumber(entry.price, prices.priceTick));
 
     if (entry.orderCount > 0) {
         if (hover == LadderLayout::eCount)
@@ -229,15 +231,16 @@ void CDepthThousandDataWidget::drawLevel(QPainter& painter, const LadderLayout& 
     }
 }
 
-void CDepthThousandDataWidget::drawLatestRow(QPainter& painter, const LadderLayout& current, int y) const
+void CDepthThousandDataWidget::drawLatestRow(QPainter& painter, const LadderLayout& current, int y,
+                                             const Reference& prices) const
 {
     if (y + m_rowHeight < 0)
         return;
     if (!isEqual(m_latestPrice, kNoPrice)) {
         painter.setFont(*m_fntPrice);
-        painter.setPen(priceColor(m_latestPrice, getLastClose()));
+        painter.setPen(priceColor(m_latestPrice, prices.lastClose));
         painter.drawText(current.priceCell(y), kRight,
-                         Zeb::formatPriceDoubleNumber(m_latestPrice, getPriceTick()));
+                         Zeb::formatPriceDoubleNumber(m_latestPrice, prices.priceTick));
     }
     if (m_lastVolume > 0) {
         painter.setFont(*m_fntVolume);

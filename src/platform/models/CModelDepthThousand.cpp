@@ -1,6 +1,7 @@
 #include "platform/models/CModelDepthThousand.h"
 
 #include "platform/models/ladder_flags.h"
+#include "platform/models/ladder_quotes.h"
 #include "platform/models/ladder_units.h"
 #include "platform/services/RPCEngine.h"
 #include "records/PriceKey.h"
@@ -22,22 +23,10 @@ constexpr int kStatusUpdate = 2;
 constexpr int kStatusHistory = 3;
 
 constexpr std::size_t kRecordsPerLock = 2000; // half a millisecond for a reader that waits
-constexpr int kNewOrder = 1;                  // states of a single order
-constexpr int kPartDealt = 2;
 
 bool isLive(int status)
 {
     return status == kStatusLive || status == kStatusUpdate;
-}
-
-std::shared_ptr<SingleQuote> toQuote(const BookOrder& order)
-{
-    auto quote = std::make_shared<SingleQuote>();
-    quote->time = order.time;
-    quote->volume = clampToInt(order.volume);
-    quote->dealtVolume = clampToInt(order.dealt);
-    quote->state = order.dealt > 0 ? kPartDealt : kNewOrder;
-    return quote;
 }
 
 } // namespace
@@ -246,10 +235,7 @@ std::shared_ptr<SingleQueue> CModelDepthThousand::getQueue(bool isBuy, double pr
         queue->time = m_book->newestTime();
     }
     queue->isBuy = isBuy ? 1 : 0;
-    queue->orderCount = clampToInt(static_cast<std::int64_t>(orders.size()));
-    queue->quotes.reserve(orders.size());
-    for (const BookOrder& order : orders)
-        queue->quotes.emplace_back(order.number, toQuote(order));
+    setQuotes(*queue, orders);
     return queue;
 }
 

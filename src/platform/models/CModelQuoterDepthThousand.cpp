@@ -1,6 +1,7 @@
 #include "platform/models/CModelQuoterDepthThousand.h"
 
 #include "platform/models/ladder_flags.h"
+#include "platform/models/ladder_quotes.h"
 #include "platform/models/ladder_units.h"
 #include "records/PriceKey.h"
 #include "records/Tolerance.h"
@@ -15,18 +16,6 @@ namespace {
 
 constexpr int kStatusFirst = 0; // opens a reload
 constexpr int kStatusHistory = 3;
-constexpr int kNewOrder = 1; // states of a single order
-constexpr int kPartDealt = 2;
-
-std::shared_ptr<SingleQuote> toQuote(const quoter::ThousandOrder& order)
-{
-    auto quote = std::make_shared<SingleQuote>();
-    quote->time = order.time;
-    quote->volume = clampToInt(order.volume);
-    quote->dealtVolume = clampToInt(order.dealtVolume);
-    quote->state = order.dealtVolume > 0 ? kPartDealt : kNewOrder;
-    return quote;
-}
 
 } // namespace
 
@@ -197,14 +186,17 @@ std::shared_ptr<SingleQueue> CModelQuoterDepthThousand::getQueue(bool isBuy, dou
     queue->time = record->m_time;
     queue->price = level->price;
     queue->totalVolume = clampToInt(level->volume);
-    std::vector<quoter::ThousandOrder> orders = level->orders;
-    std::stable_sort(orders.begin(), orders.end(),
-                     [](const auto& a, const auto& b) { return a.number < b.number; });
-    for (const quoter::ThousandOrder& order : orders) {
-        if (order.volume > order.dealtVolume && order.dealtVolume >= 0)
-            queue->quotes.emplace_back(order.number, toQuote(order));
+    std::vector<BookOrder> orders;
+    orders.reserve(level->orders.size());
+    for (const quoter::ThousandOrder& order : level->orders) {
+        // What was dealt cannot be less than nothing.
+        orders.push_back({order.number, order.time, order.volume,
+                          std::max<std::int64_t>(order.dealtVolume, 0), level->price,
+                          isBuy ? OQT_BUY : OQT_SELL});
     }
-    queue->orderCount = clampToInt(static_cast<std::int64_t>(queue->quotes.size()));
+    std::stable_sort(orders.begin(), orders.end(),
+                     [](const BookOrder& a, const BookOrder& b) { return a.number < b.number; });
+    setQuotes(*queue, orders);
     return queue;
 }
 
