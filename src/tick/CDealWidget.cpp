@@ -1,5 +1,6 @@
 #include "tick/CDealWidget.h"
 
+#include "platform/models/tick_values.h"
 #include "tick/CDealTable.h"
 #include "tick/tick_resources.h"
 
@@ -29,9 +30,11 @@ void CDealWidget::setRecords(const std::list<boost::shared_ptr<quoter::Transacti
     for (const auto& record : records) {
         if (!record || record->kind == quoter::eTransactionCancel)
             continue;
-        m_total += record->volume;
-        if (m_order)
-            (m_order->side == record->kind ? m_active : m_passive) += record->volume;
+        m_total = addShares(m_total, record->volume);
+        if (m_order) {
+            qint64& sum = m_order->side == record->kind ? m_active : m_passive;
+            sum = addShares(sum, record->volume);
+        }
         m_dealList.push_back(record);
     }
 }

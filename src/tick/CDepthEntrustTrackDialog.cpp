@@ -1,5 +1,6 @@
 #include "tick/CDepthEntrustTrackDialog.h"
 
+#include "platform/models/tick_values.h"
 #include "platform/services/CStockManager.h"
 #include "platform/toolkit/CWidgetList.h"
 #include "platform/utils/CSingletonT.h"
@@ -64,7 +65,8 @@ void CDepthEntrustTrackDialog::setTransactionData(
         if (!record)
             continue;
         const bool isCancel = record->kind == quoter::eTransactionCancel;
-        (isCancel ? cancelled : filled) += record->volume;
+        qint64& sum = isCancel ? cancelled : filled;
+        sum = addShares(sum, record->volume);
         if (isCancel && !firstCancel)
             firstCancel = record;
     }

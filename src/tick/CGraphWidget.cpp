@@ -1,5 +1,6 @@
 #include "tick/CGraphWidget.h"
 
+#include "platform/models/tick_values.h"
 #include "records/Tolerance.h"
 #include "tick/tick_resources.h"
 
@@ -56,7 +57,7 @@ std::vector<TrackSlice> trackSlices(qint64 volume, qint64 filled, qint64 cancell
         return {{0, kFullCircle, ETrackShare::eCancelled}};
     std::vector<TrackSlice> slices;
     if (cancelled < 1)
-        slices.push_back({0, spanOf(volume - filled, volume), ETrackShare::eQueueing});
+        slices.push_back({0, spanOf(subtractShares(volume, filled), volume), ETrackShare::eQueueing});
     else
         slices.push_back({0, spanOf(cancelled, volume), ETrackShare::eCancelled});
     const int span = slices.front().span;
@@ -143,7 +144,7 @@ void CGraphWidget::drawContent(QPainter& painter)
         drawLine(painter, y, label, shares);
     };
     share(kFilledTop, ETrackShare::eFilled, QStringLiteral("成交"), m_filled);
-    share(kQueueingTop, ETrackShare::eQueueing, QStringLiteral("排队"), volume - m_filled);
+    share(kQueueingTop, ETrackShare::eQueueing, QStringLiteral("排队"), subtractShares(volume, m_filled));
     share(kCancelledTop, ETrackShare::eCancelled, QStringLiteral("撤单"), m_cancelled);
 }
 

@@ -3,6 +3,8 @@
 
 #include "TickPanels.h"
 
+#include "feed/import/SharedData.h"
+#include "feed/import/importDay.h"
 #include "feed/record_making.h"
 #include "feed/simulation/SimulatedExchange.h"
 #include "tick/CDepthEntrustTrackDialog.h"
@@ -157,4 +159,30 @@ TEST_P(Pictures, ShowBothFilterDialogs)
         dialog.show();
         EXPECT_GT(save(dialog, type == eDepthFilterEntrust ? "filter_orders" : "filter_deals"), 10);
     }
+}
+
+TEST_P(Pictures, ShowARealDay)
+{
+    REQUIRE_SHARED_DAY(path, "600519-20230201");
+    static const feed::ImportResult result = feed::importDay(path, feed::ImportOptions());
+    ASSERT_EQ(result.days.size(), 1u) << result.error.text();
+    const feed::InstrumentDay& day = result.days[0];
+    utils::CSingletonT<CStockManager>::instance().addInstrument(
+        boost::make_shared<nelservice::CInstrumentDetail>(day.detail));
+    const auto orders = wrap(feed::makeOrderBatch(day.orders.data(), day.orders.size()), kStock);
+    const auto dealBatch = wrap(feed::makeDealBatch(day.deals.data(), day.deals.size()), kStock);
+    DealPanel deals(1200, 700);
+    deals.setStock(kStock);
+    deals.entrustCallback(0, 0, orders);
+    deals.transactionCallback(0, 0, dealBatch);
+    deals.slotTimeout();
+    deals.m_scrollBar->setValue(deals.m_total / 2);
+    EXPECT_GT(save(deals, "real_deals"), 20);
+    EntrustPanel entrusts(1200, 500);
+    entrusts.setStock(kStock);
+    entrusts.entrustCallback(kStock, 0, 0, orders);
+    entrusts.transactionCallback(kStock, 0, 0, dealBatch);
+    entrusts.slotTimeout();
+    EXPECT_GT(save(entrusts, "real_entrusts"), 20);
+    addInstruments();
 }

@@ -13,6 +13,8 @@
 
 #include <QWheelEvent>
 
+#include <limits>
+
 using namespace testing_support;
 using namespace Kel;
 
@@ -129,8 +131,10 @@ TEST(TrackSlices, CancelledWithoutFillsLeavesTheRestOpen)
 
 TEST(TrackSlices, StayWithinTheCircleForAnyNumbers)
 {
-    for (const qint64 volume : {-5LL, 0LL, 1LL, 1000LL}) {
-        for (const qint64 filled : {-3LL, 0LL, 5LL, 5000000000LL}) {
+    constexpr qint64 kMost = std::numeric_limits<qint64>::max();
+    constexpr qint64 kLeast = std::numeric_limits<qint64>::min();
+    for (const qint64 volume : {kLeast, qint64(-5), qint64(0), qint64(1), qint64(1000), kMost}) {
+        for (const qint64 filled : {kLeast, qint64(-3), qint64(0), qint64(5), kMost}) {
             for (const qint64 cancelled : {-3LL, 0LL, 5LL, 5000000000LL}) {
                 for (const TrackSlice& slice : trackSlices(volume, filled, cancelled)) {
                     EXPECT_GE(slice.start, 0);

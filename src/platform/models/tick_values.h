@@ -33,6 +33,22 @@ inline std::int32_t lotsFromShares(std::int64_t shares, int unit)
     return clampToInt(shares / unit + (shares % unit * 2 >= unit ? 1 : 0));
 }
 
+/// Sum and difference of shares, at most what 64 bits hold.
+inline std::int64_t addShares(std::int64_t a, std::int64_t b)
+{
+    std::int64_t sum = 0;
+    if (__builtin_add_overflow(a, b, &sum))
+        return b < 0 ? std::numeric_limits<std::int64_t>::min() : std::numeric_limits<std::int64_t>::max();
+    return sum;
+}
+inline std::int64_t subtractShares(std::int64_t a, std::int64_t b)
+{
+    std::int64_t difference = 0;
+    if (__builtin_sub_overflow(a, b, &difference))
+        return b > 0 ? std::numeric_limits<std::int64_t>::min() : std::numeric_limits<std::int64_t>::max();
+    return difference;
+}
+
 /// A time tag: the whole second of a record's time. False for a time that a tag cannot hold.
 inline bool timeTag(std::int64_t milliseconds, std::int32_t& seconds, std::uint16_t& rest)
 {

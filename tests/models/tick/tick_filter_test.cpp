@@ -181,6 +181,18 @@ TEST(TickValues, LotsAreTheNearestAndOneBelowALot)
         EXPECT_EQ(lotsFromShares(row.shares, row.unit), row.lots) << row.shares << " of " << row.unit;
 }
 
+TEST(TickValues, SumsOfSharesStayWithin64Bits)
+{
+    constexpr std::int64_t kMost = std::numeric_limits<std::int64_t>::max();
+    constexpr std::int64_t kLeast = std::numeric_limits<std::int64_t>::min();
+    EXPECT_EQ(addShares(3, 4), 7);
+    EXPECT_EQ(addShares(kMost, 1), kMost);
+    EXPECT_EQ(addShares(kLeast, -1), kLeast);
+    EXPECT_EQ(subtractShares(3, 4), -1);
+    EXPECT_EQ(subtractShares(kLeast, 1), kLeast);
+    EXPECT_EQ(subtractShares(0, kLeast), kMost);
+}
+
 TEST(TickValues, ActiveSideIsTheFeedsElseTheLaterOrderAndNoneInAnAuction)
 {
     EXPECT_EQ(activeSideOf(2, 9, 4, tag(10, 0, 0)), 2);
