@@ -1,16 +1,18 @@
 #!/usr/bin/env bash
-# Builds and tests everything: the whole suite with warnings as errors, then engine, model and feed tests under
-# AddressSanitizer and UBSan and under ThreadSanitizer, then ten seconds of each fuzz target.
+# Builds and tests everything: the whole suite with warnings as errors, then the tests of engine, models, feeds and of
+# the panels that threads reach under AddressSanitizer and UBSan and under ThreadSanitizer, then ten seconds of each
+# fuzz target.
 #
 #   ./test.sh            all of it
 #   ./test.sh dev        one stage: dev, asan, tsan, fuzz
+#   ./test.sh panels     besides: the tests of all panels and of the window under AddressSanitizer and UBSan
 set -euo pipefail
 cd "$(dirname "$0")"
 
 stages=("${@:-all}")
 for stage in "${stages[@]}"; do
-  if [[ ! "$stage" =~ ^(all|dev|asan|tsan|fuzz)$ ]]; then
-    echo "error: no stage is called '$stage'; there are: dev, asan, tsan, fuzz, all" >&2
+  if [[ ! "$stage" =~ ^(all|dev|asan|tsan|fuzz|panels)$ ]]; then
+    echo "error: no stage is called '$stage'; there are: dev, asan, tsan, fuzz, all, panels" >&2
     exit 2
   fi
 done
@@ -19,14 +21,22 @@ scripts/install-dependencies.sh --with-tests
 wants() { [[ " ${stages[*]} " == *" all "* || " ${stages[*]} " == *" $1 "* ]]; }
 jobs=$(nproc)
 
-# Runs one preset's tests and keeps ctest's output for the summary at the end.
+# What the sanitizers run; the rest is not even built for them.
+sanitized=(test_engine test_engine_truth test_feed test_models_ladder test_models_status test_models_tick
+  test_queue_view test_information)
+sanitized_labels='engine|models|feed|panel_threads'
+panels=(test_toolkit test_frame test_queue_view_rules test_thousand test_tick test_level_panels test_terminal_window)
+
+# Builds the targets (0 of them: all) of one preset, runs its tests and keeps ctest's output for the summary at the end.
 summaries=()
 run_tests() {
-  local preset=$1
-  shift
+  local preset=$1 count=$2
+  shift 2
+  local targets=("${@:1:count}")
+  shift "$count"
   echo "== $preset: build"
   cmake --preset "$preset" >/dev/null
-  cmake --build --preset "$preset" -- -j "$jobs"
+  cmake --build --preset "$preset" ${targets[@]+--target "${targets[@]}"} -- -j "$jobs"
   echo "== $preset: test"
   local log="build/$preset/ctest.log"
   ctest --preset "$preset" -j "$jobs" --no-tests=error "$@" 2>&1 | tee "$log" | grep -vE '^ *[0-9]+/[0-9]+ Test .* Passed|^ *Start '
@@ -36,13 +46,16 @@ run_tests() {
 if wants dev; then
   echo "== format"
   scripts/check-format.sh
-  run_tests dev
+  run_tests dev 0
 fi
 if wants asan; then
-  run_tests asan -L 'engine|model|feed'
+  run_tests asan ${#sanitized[@]} "${sanitized[@]}" -L "$sanitized_labels"
 fi
 if wants tsan; then
-  run_tests tsan -L 'engine|model|feed'
+  run_tests tsan ${#sanitized[@]} "${sanitized[@]}" -L "$sanitized_labels"
+fi
+if [[ " ${stages[*]} " == *" panels "* ]]; then
+  run_tests asan ${#panels[@]} "${panels[@]}" -L 'gui|toolkit'
 fi
 if wants fuzz; then
   echo "== fuzz: build"
