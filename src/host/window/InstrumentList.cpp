@@ -45,17 +45,24 @@ InstrumentList::InstrumentList(QWidget* parent) : QTableView(parent), m_model(ne
     connect(selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             [this](const QModelIndex& now) { onCursor(now.row()); });
     connect(this, &QAbstractItemView::activated, this, &InstrumentList::choose);
+    connect(m_model, &QAbstractItemModel::modelReset, this, [this] {
+        m_rest.stop();
+        setShown(-1);
+    });
 }
 
 void InstrumentList::setShown(int row)
 {
     m_shown = row;
-    m_rest.stop();
+    if (m_rest.isActive()) // the cursor is on its way to another row
+        return;
     m_quiet = true;
-    if (row >= 0)
+    if (row >= 0) {
         selectRow(row);
-    else
+    } else {
         clearSelection();
+        setCurrentIndex(QModelIndex()); // so that any row can be clicked
+    }
     m_quiet = false;
 }
 

@@ -18,7 +18,8 @@ public:
 
     InstrumentModel& instruments() { return *m_model; }
 
-    /// Puts the cursor on a row without choosing it; -1 for none.
+    /// Puts the cursor on a row without choosing it; -1 for none. A cursor that a person moves stays where it
+    /// is, and other instruments in the list show none.
     void setShown(int row);
     int shown() const { return m_shown; }
 

@@ -105,6 +105,7 @@ void MainWindow::connectLoader()
     connect(m_loader.get(), &DayLoader::cancelled, this, &MainWindow::onCancelled);
     connect(m_bar, &ReplayBar::cancelAsked, m_loader.get(), &DayLoader::cancel);
     connect(m_list, &InstrumentList::chosen, this, [this](int row) {
+        m_starting = false;
         m_bar->setLoading(0, 0);
         m_loader->load(row);
     });
@@ -118,8 +119,8 @@ void MainWindow::connectReplay()
         Q_EMIT shown();
     });
     connect(m_player.get(), &ReplayPlayer::ended, this, [this] {
-        m_atEnd = true;
-        setPlaying(false);
+        if (!m_player->playing()) // was not told to play on in the meantime
+            setPlaying(false);
         followReplay();
     });
     connect(m_bar, &ReplayBar::seekAsked, this, &MainWindow::seek);
@@ -159,10 +160,12 @@ void MainWindow::connectActions()
 void MainWindow::start()
 {
     openSource(m_options.source);
+    m_starting = true;
 }
 
 void MainWindow::openSource(const DaySource& source)
 {
+    m_starting = false;
     m_bar->setLoading(0, 0);
     m_loader->open(source);
 }
@@ -190,7 +193,7 @@ void MainWindow::showDay(int index, const DayPtr& day)
     const std::int64_t timeOfDay = utils::timeOfDayMs(m_player->now());
     const bool first = !m_day;
     m_sourceIsNew = false;
-    m_atEnd = false;
+    m_starting = false;
     m_day = day;
     m_index = index;
     m_range = dayRange(*day);
@@ -234,7 +237,8 @@ void MainWindow::onHalted(int number)
 void MainWindow::onFailed(const QString& reason)
 {
     m_bar->setLoaded();
-    if (!m_day) {
+    if (m_starting) {
+        m_starting = false;
         Q_EMIT startFailed(reason);
         return;
     }
@@ -244,6 +248,7 @@ void MainWindow::onFailed(const QString& reason)
 
 void MainWindow::onCancelled()
 {
+    m_starting = false;
     m_bar->setLoaded();
     showRowOfDay();
     m_messages->showNote(QStringLiteral("已取消载入"));
@@ -259,13 +264,12 @@ void MainWindow::seek(std::int64_t moment)
 {
     if (!m_day)
         return;
-    m_atEnd = false;
     m_player->seek(std::clamp(moment, m_range.begin, m_range.end));
 }
 
 void MainWindow::setPlaying(bool playing)
 {
-    if (playing && m_atEnd)
+    if (playing && m_day && m_player->now() >= m_range.end) // begins anew
         seek(m_range.begin);
     if (playing)
         m_player->play();

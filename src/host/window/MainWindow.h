@@ -64,7 +64,8 @@ Q_SIGNALS:
     /// An instrument's history up to the moment of the replay has reached the panels.
     void shown();
 
-    /// The first source cannot be loaded: there is nothing to show.
+    /// The source that `start` loads cannot be loaded: there is nothing to show. What fails later is told in
+    /// the message bar.
     void startFailed(const QString& reason);
 
 private:
@@ -102,7 +103,7 @@ private:
     DayRange m_range;
     int m_index = -1;           ///< row of the day in the list
     bool m_sourceIsNew = false; ///< the list is of a source of which no day is shown yet
-    bool m_atEnd = false;       ///< the day was played to its end: playing begins anew
+    bool m_starting = false;    ///< the load that `start` began has not ended
     bool m_closeAsked = false;  ///< the panel was told of the close
     std::int64_t m_close = -1;  ///< ms since 1970-01-01 UTC
 };

@@ -7,6 +7,7 @@
 #include "platform/utils/exchange_time.h"
 #include "platform/utils/thread_name.h"
 
+#include <algorithm>
 #include <chrono>
 #include <utility>
 
@@ -71,6 +72,7 @@ private:
         if (day != m_day) {
             m_day = day;
             m_clock.setBreaks(quietBreaks(*day));
+            m_end = dayRange(*day).end;
         }
         m_clock.pause(realMs());
         m_clock.jumpTo(at, realMs());
@@ -100,7 +102,7 @@ private:
         lock.lock();
         if (m_player.m_orders.number != m_begunNumber)
             return;
-        m_player.m_now = now;
+        m_player.m_now = over ? std::max(now, m_end) : now;
         if (over) {
             m_player.m_orders.playing = false;
             Q_EMIT m_player.ended();
@@ -119,6 +121,7 @@ private:
     DayPtr m_day;
     std::unique_ptr<feed::ReplaySession> m_session;
     feed::ReplayClock m_clock{0};
+    std::int64_t m_end = 0; ///< of the day's range: full seconds, so not before its last record
     int m_haltedNumber = 0;
     int m_begunNumber = 0;
 };

@@ -63,7 +63,7 @@ Q_SIGNALS:
     /// The history up to the moment has been delivered and handled.
     void began();
 
-    /// The day is over; the player has paused.
+    /// The day is over; the player has paused and stands at the end of the day's range.
     void ended();
 
 private:
@@ -79,7 +79,6 @@ private:
     };
     class Worker;
 
-    void halt(std::int64_t at);
     template <class Change>
     void change(Change change);
 

@@ -162,6 +162,50 @@ TEST_F(List, AClickChoosesAndTheShownRowIsNotChosenAgain)
     EXPECT_EQ(spy.count(), 0);
 }
 
+TEST_F(List, ALoadThatEndsLeavesACursorThatWalksOn)
+{
+    list.resize(300, 300);
+    list.show();
+    list.setShown(0);
+    QSignalSpy spy(&list, &host::InstrumentList::chosen);
+    QTest::keyClick(&list, Qt::Key_Down);
+    QTest::keyClick(&list, Qt::Key_Down);
+    list.setShown(1);
+    EXPECT_EQ(list.currentIndex().row(), 2);
+    EXPECT_EQ(list.shown(), 1);
+    ASSERT_TRUE(waitUntil([&] { return spy.count() > 0; }));
+    EXPECT_EQ(spy[0][0].toInt(), 2);
+}
+
+TEST_F(List, ARowCanBeClickedAgainWhenNoneIsShown)
+{
+    list.resize(300, 300);
+    list.show();
+    list.setShown(1);
+    list.setShown(-1);
+    EXPECT_FALSE(list.currentIndex().isValid());
+    QSignalSpy spy(&list, &host::InstrumentList::chosen);
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, Qt::NoModifier,
+                      list.visualRect(model.index(1, 1)).center());
+    ASSERT_TRUE(waitUntil([&] { return spy.count() > 0; }));
+    EXPECT_EQ(spy[0][0].toInt(), 1);
+}
+
+TEST_F(List, OtherInstrumentsShowNoneAndEndAWalk)
+{
+    list.resize(300, 300);
+    list.show();
+    list.setShown(0);
+    QSignalSpy spy(&list, &host::InstrumentList::chosen);
+    QTest::keyClick(&list, Qt::Key_Down);
+    model.setInstruments({detail("600003", 10), detail("600004", 10)});
+    EXPECT_EQ(list.shown(), -1);
+    list.setShown(1);
+    EXPECT_EQ(list.currentIndex().row(), 1);
+    letRun(250);
+    EXPECT_EQ(spy.count(), 0);
+}
+
 TEST_F(List, SettingTheShownRowChoosesNothing)
 {
     QSignalSpy spy(&list, &host::InstrumentList::chosen);

@@ -3,6 +3,7 @@
 #include "host/window/MainWindow.h"
 
 #include "feed/archive/DayArchiveWriter.h"
+#include "host/window/DaySlider.h"
 #include "host/window/InstrumentList.h"
 #include "host/window/MessageBar.h"
 #include "host/window/QueueCell.h"
@@ -324,6 +325,53 @@ TEST_F(Window, PlaysToTheEndAndFromTheBeginAgain)
     window->player().setSpeed(1);
     window->setPlaying(true);
     EXPECT_LT(now(), timeOfDay(9, 30));
+}
+
+TEST_F(Window, PlayingBeginsAnewAtTheEndOfTheSlider)
+{
+    open([](host::TerminalOptions& options) { options.at = timeOfDay(10, 30); });
+    ASSERT_TRUE(waitForDay());
+    window->seek(window->player().now() + utils::kMSecPerDay);
+    ASSERT_TRUE(waitForDay(2));
+    window->setPlaying(true);
+    EXPECT_LT(now(), timeOfDay(9, 30));
+    EXPECT_TRUE(window->player().playing());
+}
+
+TEST_F(Window, TheSliderReachesTheEndOfADayThatWasPlayedSlowly)
+{
+    const QTemporaryDir folder;
+    feed::InstrumentDay day = *simulatedDay("stock");
+    const std::int64_t last = host::dayRange(day).end;
+    day.snapshots.push_back(day.snapshots.back());
+    day.snapshots.back().time = last + 250;
+    const std::string path = folder.path().toStdString() + "/day";
+    feed::DayArchiveWriter writer(path);
+    ASSERT_TRUE(writer.write(day) && writer.finish());
+    open([&](host::TerminalOptions& options) {
+        options.source = {};
+        options.source.archive = path;
+        options.at = utils::timeOfDayMs(last) + 100;
+        options.playing = true;
+    });
+    ASSERT_TRUE(waitForDay());
+    ASSERT_TRUE(waitUntil([&] { return !window->player().playing(); }));
+    const auto* slider = window->findChild<host::DaySlider*>();
+    EXPECT_TRUE(waitUntil([&] { return slider->value() == slider->maximum(); }));
+    window->setPlaying(true);
+    EXPECT_LT(now(), timeOfDay(9, 30));
+}
+
+TEST_F(Window, AFailureAfterTheStartWasGivenUpIsToldInTheMessageBar)
+{
+    open([](host::TerminalOptions& options) { options.source.orders = 2000000; });
+    Q_EMIT window->bar().cancelAsked();
+    host::DaySource missing;
+    missing.archive = "/nowhere";
+    window->openSource(missing);
+    ASSERT_TRUE(waitUntil([&] { return window->messages().isError() || !failure.isEmpty(); }));
+    EXPECT_TRUE(failure.isEmpty()) << failure.toStdString();
+    EXPECT_EQ(window->messages().text().toStdString(), "/nowhere: no such folder");
 }
 
 TEST_F(Window, ClosesWhilePlayingAndLoading)

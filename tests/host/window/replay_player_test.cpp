@@ -4,6 +4,7 @@
 
 #include "host/SmallDay.h"
 #include "host/window/WindowFixture.h"
+#include "host/window/day_moments.h"
 #include "records/QuoterBase.h"
 
 #include <gtest/gtest.h>
@@ -157,6 +158,17 @@ TEST_F(Player, PausesAtTheEndOfTheDay)
     EXPECT_FALSE(player.playing());
     EXPECT_EQ(counter.orders, 200);
     EXPECT_GE(player.now(), start + 99000);
+}
+
+TEST_F(Player, StandsAtTheFullSecondAfterTheLastRecordAtTheEnd)
+{
+    auto longer = std::make_shared<feed::InstrumentDay>(*day);
+    longer->orders.back().time += 250;
+    player.open(longer, start + 98900);
+    player.play();
+    ASSERT_TRUE(waitUntil([&] { return ends == 1; }));
+    EXPECT_EQ(player.now(), host::dayRange(*longer).end);
+    EXPECT_EQ(player.now(), start + 100000);
 }
 
 TEST_F(Player, PlaysOnAfterASeekWhilePlaying)
