@@ -461,3 +461,35 @@ TEST_F(TransactionModel, VisitRowsWalksWhatThereIs)
                       [&](int row, const DepthTransData& data) { seen.push_back(row * 10 + data.volume); });
     EXPECT_EQ(seen, (Ints{1, 12, 23}));
 }
+
+namespace {
+
+/// A model that counts how often it hears of changes.
+class ListeningModel : public CModelDepthTransaction
+{
+public:
+    int changes = 0;
+
+protected:
+    void dataChanged() override { ++changes; }
+};
+
+} // namespace
+
+TEST(TransactionModelHook, IsCalledForEveryChangeAndForNothingElse)
+{
+    addInstruments();
+    ListeningModel model;
+    model.setStock(kStock);
+    model.transactionCallback(0, 1, wrap({deal(1, 5, 6, 10, 100, at(10, 0, 0))}));
+    EXPECT_EQ(model.changes, 1);
+    model.transactionCallback(0, 1, wrap({deal(1, 5, 6, 10, 100, at(10, 0, 0))}));
+    model.transactionCallback(0, 1, wrap({deal(2, 5, 6, 10, 100, at(10, 0, 0))}, kOther));
+    EXPECT_EQ(model.changes, 1);
+    model.entrustCallback(0, 1, wrap({order(5, 1, 10, 100, at(10, 0, 0))}));
+    EXPECT_EQ(model.changes, 2);
+    model.setFilterParam(SDepthFilterParam());
+    EXPECT_EQ(model.changes, 3);
+    model.clear();
+    EXPECT_EQ(model.changes, 4);
+}
