@@ -13,9 +13,20 @@ namespace {
 
 constexpr std::int64_t kProgressMs = 40; // between two signals of progress
 
+std::size_t rowsOf(const feed::InstrumentDay& day)
+{
+    return day.orders.size() + day.deals.size() + day.snapshots.size() + day.queues.size();
+}
+
 } // namespace
 
-DayLoader::DayLoader(QObject* parent) : QObject(parent)
+DayLoader::DayLoader(QObject* parent)
+    : DayLoader([](const DaySource& source) { return std::make_unique<DayStore>(source); }, parent)
+{
+}
+
+DayLoader::DayLoader(StoreMaker makeStore, QObject* parent)
+    : QObject(parent), m_makeStore(std::move(makeStore))
 {
     m_thread = std::thread([this] {
         utils::setThreadName("day loader");
@@ -46,6 +57,7 @@ void DayLoader::load(int index)
     Job job;
     job.kind = Job::Kind::Load;
     job.index = index;
+    job.listed = m_listedNumber;
     ask(std::move(job));
 }
 
@@ -82,8 +94,9 @@ void DayLoader::run()
             lock.lock();
             continue;
         }
+        const int number = m_number;
         lock.unlock();
-        const bool priced = priceNext();
+        const bool priced = priceNext(number);
         lock.lock();
         if (!priced && m_job.kind == Job::Kind::None && !m_quit)
             m_changed.wait(lock);
@@ -93,10 +106,12 @@ void DayLoader::run()
 void DayLoader::work(const Job& job)
 {
     if (job.kind == Job::Kind::Load) {
-        load(job, job.index);
+        std::string ignored;
+        const bool sameList = job.listed == m_openNumber;
+        load(job, sameList || !m_store ? job.index : m_store->wanted(ignored));
         return;
     }
-    auto store = std::make_unique<DayStore>(job.source);
+    auto store = m_makeStore(job.source);
     std::string error;
     int wanted = -1;
     if (store->open(progressOf(job.number), error))
@@ -107,15 +122,26 @@ void DayLoader::work(const Job& job)
         tell(job.number, [this, error] { Q_EMIT failed(QString::fromStdString(error)); });
         return;
     }
-    m_store = std::move(store);
-    m_priced.assign(m_store->instruments().size(), false);
-    const auto instruments = m_store->instruments();
-    m_openNumber = job.number;
-    tell(job.number, [this, instruments, number = job.number] {
-        m_listedNumber = number;
-        Q_EMIT listed(instruments);
-    });
-    load(job, wanted);
+    if (replaceStore(job.number, std::move(store)))
+        load(job, wanted);
+}
+
+/// Puts a store in force and tells its list, which then happens whatever is asked for later. False if
+/// something else has been asked for already.
+bool DayLoader::replaceStore(int number, std::unique_ptr<DayStore> store)
+{
+    std::vector<bool> priced(store->instruments().size(), false);
+    {
+        const std::lock_guard<std::mutex> lock(m_mutex);
+        if (!current(number))
+            return false;
+        m_store.swap(store);
+    }
+    m_priced.swap(priced);
+    m_openNumber = number;
+    m_longDays = false;
+    tellList();
+    return true;
 }
 
 bool DayLoader::load(const Job& job, int index)
@@ -133,32 +159,48 @@ bool DayLoader::load(const Job& job, int index)
     }
     const auto prices = std::make_shared<const PriceSeries>(*day);
     m_priced[place] = true;
+    m_longDays = m_longDays || rowsOf(*day) > kMostRowsPriced;
     tellPrices(index, prices);
     tell(job.number, [this, index, day] { Q_EMIT loaded(index, day); });
     return true;
 }
 
-/// Prices of one instrument more, unless something else is asked for. False if there is nothing to do.
-bool DayLoader::priceNext()
+/// Prices that nobody asked for must not keep the machine busy.
+bool DayLoader::mayPrice() const
 {
-    if (!m_store || m_priced.size() > kMostPriced)
+    return m_store && m_store->quick() && m_priced.size() <= kMostPriced && !m_longDays;
+}
+
+/// Prices of one instrument more, unless something else is asked for. False if there is nothing to do.
+bool DayLoader::priceNext(int number)
+{
+    if (!mayPrice())
         return false;
     const auto next = std::find(m_priced.begin(), m_priced.end(), false);
     if (next == m_priced.end())
         return false;
     const auto place = static_cast<std::size_t>(next - m_priced.begin());
-    const int number = m_number;
+    try {
+        price(place, number);
+    } catch (const std::exception&) { // no memory: told when it is chosen
+        m_priced[place] = true;
+    }
+    return true;
+}
+
+void DayLoader::price(std::size_t place, int number)
+{
     std::string error;
     const DayPtr day = m_store->load(
         place, [this, number](std::int64_t, std::int64_t) { return current(number); }, error);
     if (!current(number))
-        return true;
+        return;
     m_priced[place] = true; // what cannot be read is told when it is chosen
     if (!day)
-        return true;
+        return;
+    m_longDays = rowsOf(*day) > kMostRowsPriced;
     const auto prices = std::make_shared<const PriceSeries>(*day);
     tellPrices(static_cast<int>(place), prices);
-    return true;
 }
 
 feed::Progress DayLoader::progressOf(int number)
@@ -181,6 +223,18 @@ void DayLoader::tell(int number, std::function<void()> what)
         [this, number, what = std::move(what)] {
             if (current(number))
                 what();
+        },
+        Qt::QueuedConnection);
+}
+
+/// Lists count whatever is asked for meanwhile: instruments are loaded from the store that is in force.
+void DayLoader::tellList()
+{
+    QMetaObject::invokeMethod(
+        this,
+        [this, instruments = m_store->instruments(), number = m_openNumber] {
+            m_listedNumber = number;
+            Q_EMIT listed(instruments);
         },
         Qt::QueuedConnection);
 }

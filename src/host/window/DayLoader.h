@@ -31,7 +31,14 @@ public:
     /// Instruments beyond so many get their prices only when they are chosen.
     static constexpr std::size_t kMostPriced = 24;
 
+    /// The same for all but the chosen ones of a source once a day of it has more rows than this.
+    static constexpr std::size_t kMostRowsPriced = 1000000;
+
+    /// Makes the store of a source, on the loading thread.
+    using StoreMaker = std::function<std::unique_ptr<DayStore>(const DaySource& source)>;
+
     explicit DayLoader(QObject* parent = nullptr);
+    explicit DayLoader(StoreMaker makeStore, QObject* parent = nullptr);
 
     /// Cancels what runs and waits for its end, a fraction of a second.
     ~DayLoader() override;
@@ -39,10 +46,12 @@ public:
     /// Opens another source and loads the instrument that it asks for.
     void open(const DaySource& source);
 
-    /// Loads an instrument of the source by its place in the list.
+    /// Loads an instrument of the source by its place in the list that was told last. If another source has
+    /// been opened since, whose list is on its way, the instrument that this one asks for is loaded.
     void load(int index);
 
-    /// Gives up the load that runs: `cancelled` follows. What was loaded before stays.
+    /// Gives up the load that runs: `cancelled` follows. What was loaded before stays. A source that is open
+    /// already is listed nevertheless, since instruments are loaded from it.
     void cancel();
 
 Q_SIGNALS:
@@ -70,20 +79,26 @@ private:
         int number = 0;
         DaySource source;
         int index = 0;
+        int listed = 0; ///< number of the list that the index belongs to
     };
 
     void ask(Job job);
     void run();
     void work(const Job& job);
     bool load(const Job& job, int index);
-    bool priceNext();
+    bool replaceStore(int number, std::unique_ptr<DayStore> store);
+    bool mayPrice() const;
+    bool priceNext(int number);
+    void price(std::size_t place, int number);
     bool current(int number) const { return number == m_number.load() && !m_quit.load(); }
     feed::Progress progressOf(int number);
     void tell(int number, std::function<void()> what);
+    void tellList();
     void tellPrices(int index, PriceSeriesPtr prices);
 
     std::atomic<int> m_number{0}; ///< of what was asked for last
     std::atomic<bool> m_quit{false};
+    StoreMaker m_makeStore;
     std::mutex m_mutex; ///< guards the job
     std::condition_variable m_changed;
     Job m_job;
@@ -91,7 +106,8 @@ private:
     // Of the loading thread
     std::unique_ptr<DayStore> m_store;
     std::vector<bool> m_priced;
-    int m_openNumber = 0; ///< of the job that opened the store
+    bool m_longDays = false; ///< a day of the store had many rows
+    int m_openNumber = 0;    ///< of the job that opened the store
 
     int m_listedNumber = 0; ///< of the source that was listed last; GUI thread
 

@@ -14,7 +14,9 @@ namespace host {
 namespace {
 
 constexpr const char* kCancelled = "cancelled";
-constexpr int kSimulationStep = 60; // seconds of the day between two calls of the progress
+constexpr std::int64_t kQuickOrders = 50000; // of a simulated day, which takes a second or two
+constexpr int kSimulationStep = 60;          // seconds of the day between two calls of the progress
+constexpr int kBusySimulationStep = 1;       // the same of a busy day
 
 bool matches(const nelservice::CInstrumentDetail& detail, const std::string& wanted)
 {
@@ -117,6 +119,11 @@ DayPtr DayStore::load(std::size_t index, const feed::Progress& progress, std::st
     return m_settings.empty() ? read(index, progress, error) : simulate(index, progress, error);
 }
 
+bool DayStore::quick() const
+{
+    return m_settings.empty() || m_source.orders <= kQuickOrders;
+}
+
 DayPtr DayStore::simulate(std::size_t index, const feed::Progress& progress, std::string& error) const
 {
     feed::SimulatedExchange exchange(m_settings[index]);
@@ -124,7 +131,8 @@ DayPtr DayStore::simulate(std::size_t index, const feed::Progress& progress, std
     day->detail = exchange.settings().detail;
     day->tradingDay = exchange.settings().tradingDay;
     constexpr int kSeconds = feed::hours::kClose - feed::hours::kStart;
-    for (int second = 0; second < kSeconds; second += kSimulationStep) {
+    const int step = quick() ? kSimulationStep : kBusySimulationStep;
+    for (int second = 0; second < kSeconds; second += step) {
         exchange.runUntil(exchange.timeAt(feed::hours::kStart + second), *day);
         if (progress && !progress(second, kSeconds)) {
             error = kCancelled;

@@ -13,11 +13,12 @@ namespace host {
 using DayPtr = std::shared_ptr<const feed::InstrumentDay>;
 
 /// The instruments of a source, and their days when they are asked for. A simulated source has one instrument
-/// of each kind. For one thread at a time; nothing is thrown.
+/// of each kind. For one thread at a time; nothing is thrown but for want of memory.
 class DayStore
 {
 public:
     explicit DayStore(DaySource source);
+    virtual ~DayStore() = default;
 
     /// Finds out which instruments there are; an import reads all of its files here. False with one line in
     /// `error`, with file and line where one is to blame; "cancelled" ends it if `progress` wanted that.
@@ -31,7 +32,11 @@ public:
 
     /// The day of an instrument; null with an error. Rows of an import stay with the store, others are read
     /// or made again each time.
-    DayPtr load(std::size_t index, const feed::Progress& progress, std::string& error);
+    virtual DayPtr load(std::size_t index, const feed::Progress& progress, std::string& error);
+
+    /// Whether a day of this source is made or read in a moment, as far as the source tells: false for busy
+    /// simulated days.
+    bool quick() const;
 
 private:
     bool openSimulated(std::string& error);

@@ -2,11 +2,16 @@
 
 #include "host/window/DayLoader.h"
 
+#include "feed/archive/DayArchiveWriter.h"
 #include "host/window/WindowFixture.h"
 
 #include <gtest/gtest.h>
 
 #include <QTemporaryDir>
+#include <QThread>
+
+#include <atomic>
+#include <new>
 
 namespace window_tests {
 namespace {
@@ -133,6 +138,138 @@ TEST_F(Loader, ReadsAnArchive)
     loader.open(source);
     ASSERT_TRUE(waitUntil([&] { return priced.size() == 2; }));
     EXPECT_EQ(loaded, std::vector<int>{0});
+}
+
+/// A store that notes its loads, and fails or waits in them on demand.
+struct Watch
+{
+    std::atomic<int> begun{0};         ///< loads
+    std::atomic<int> throwing{-1};     ///< place whose load finds no memory
+    std::atomic<bool> waiting{false};  ///< loads wait until they are given up or this ends
+    std::atomic<std::size_t> extra{0}; ///< snapshots more than the day has
+};
+
+class WatchedStore : public host::DayStore
+{
+public:
+    WatchedStore(const host::DaySource& source, Watch& watch) : DayStore(source), m_watch(watch) {}
+
+    host::DayPtr load(std::size_t index, const feed::Progress& progress, std::string& error) override
+    {
+        ++m_watch.begun;
+        if (m_watch.throwing == static_cast<int>(index))
+            throw std::bad_alloc();
+        while (m_watch.waiting && progress(0, 1))
+            QThread::msleep(1);
+        const host::DayPtr day = DayStore::load(index, progress, error);
+        if (!day || m_watch.extra == 0)
+            return day;
+        auto longer = std::make_shared<feed::InstrumentDay>(*day);
+        longer->snapshots.resize(longer->snapshots.size() + m_watch.extra);
+        return longer;
+    }
+
+private:
+    Watch& m_watch;
+};
+
+class WatchedLoader : public ::testing::Test
+{
+protected:
+    WatchedLoader()
+    {
+        QObject::connect(&loader, &host::DayLoader::listed, &loader,
+                         [this](const auto& instruments) { listed = instruments; });
+        QObject::connect(&loader, &host::DayLoader::loaded, &loader,
+                         [this](int index, const host::DayPtr& day) {
+                             loaded.push_back(index);
+                             last = day;
+                         });
+        QObject::connect(&loader, &host::DayLoader::priced, &loader,
+                         [this](int index) { priced.push_back(index); });
+        QObject::connect(&loader, &host::DayLoader::failed, &loader,
+                         [this](const QString& reason) { failures << reason; });
+    }
+
+    /// Opens an archive of other instruments, up to the load of the first one, without a look at what the
+    /// loader tells.
+    void openArchiveUnseen()
+    {
+        feed::DayArchiveWriter writer(folder.path().toStdString() + "/archive");
+        ASSERT_TRUE(writer.write(*simulatedDay("fund")) && writer.write(*simulatedDay("bond")) &&
+                    writer.finish());
+        host::DaySource source;
+        source.archive = folder.path().toStdString() + "/archive";
+        watch.waiting = true;
+        const int before = watch.begun;
+        loader.open(source);
+        while (watch.begun == before)
+            QThread::msleep(1);
+    }
+
+    /// The first source, with all of its prices.
+    void openFirst()
+    {
+        loader.open(smallSource());
+        ASSERT_TRUE(waitUntil([&] { return priced.size() == host::simulatedKinds().size(); }));
+        loaded.clear();
+    }
+
+    QTemporaryDir folder;
+    Watch watch;
+    std::vector<nelservice::CInstrumentDetail> listed;
+    std::vector<int> loaded;
+    std::vector<int> priced;
+    host::DayPtr last;
+    QStringList failures;
+    host::DayLoader loader{
+        [this](const host::DaySource& source) { return std::make_unique<WatchedStore>(source, watch); }};
+};
+
+TEST_F(WatchedLoader, ASourceThatIsOpenIsListedThoughItsLoadIsGivenUp)
+{
+    openFirst();
+    openArchiveUnseen();
+    loader.cancel();
+    watch.waiting = false;
+    ASSERT_TRUE(waitUntil([&] { return listed.size() == 2; }));
+    EXPECT_TRUE(loaded.empty());
+    loader.load(1);
+    ASSERT_TRUE(waitUntil([&] { return !loaded.empty(); }));
+    EXPECT_EQ(last->detail.code, listed[1].code);
+}
+
+TEST_F(WatchedLoader, ARowOfAListThatIsGoneLoadsWhatTheNewSourceAsksFor)
+{
+    openFirst();
+    openArchiveUnseen();
+    loader.load(1);
+    watch.waiting = false;
+    ASSERT_TRUE(waitUntil([&] { return !loaded.empty(); }));
+    EXPECT_EQ(listed.size(), 2U);
+    EXPECT_EQ(loaded, std::vector<int>{0});
+    EXPECT_EQ(last->detail.code, listed[0].code);
+}
+
+TEST_F(WatchedLoader, PricesGoOnWhenThereIsNoMemoryForOne)
+{
+    watch.throwing = 2;
+    loader.open(smallSource());
+    ASSERT_TRUE(waitUntil([&] { return priced.size() == host::simulatedKinds().size() - 1; }));
+    EXPECT_EQ(priced, (std::vector<int>{0, 1, 3, 4, 5}));
+    EXPECT_TRUE(failures.isEmpty()) << "nobody asked for it";
+    loader.load(2);
+    EXPECT_TRUE(waitUntil([&] { return failures.size() == 1; }));
+}
+
+TEST_F(WatchedLoader, ALongDayIsNotPricedForTheListAlone)
+{
+    watch.extra = host::DayLoader::kMostRowsPriced;
+    loader.open(smallSource());
+    ASSERT_TRUE(waitUntil([&] { return !loaded.empty(); }));
+    letRun(300);
+    EXPECT_EQ(priced, std::vector<int>{0});
+    EXPECT_EQ(watch.begun, 1);
 }
 
 TEST(LoaderEnd, DoesNotWaitForALongLoad)

@@ -70,6 +70,25 @@ TEST(DayStore, ASimulationCanBeGivenUp)
     EXPECT_EQ(calls, 2);
 }
 
+TEST(DayStore, ABusySimulationAsksEachSecondOfTheDayWhetherToGoOn)
+{
+    for (const auto& [orders, step] : {std::pair<std::int64_t, std::int64_t>{50000, 60}, {50001, 1}}) {
+        host::DaySource source = smallSource();
+        source.orders = orders;
+        host::DayStore store(source);
+        std::string error;
+        ASSERT_TRUE(store.open({}, error));
+        std::vector<std::int64_t> seconds;
+        const auto thrice = [&seconds = seconds](std::int64_t second, std::int64_t) {
+            seconds.push_back(second);
+            return seconds.size() < 3;
+        };
+        EXPECT_EQ(store.load(0, thrice, error), nullptr);
+        EXPECT_EQ(seconds, (std::vector<std::int64_t>{0, step, 2 * step})) << orders;
+        EXPECT_EQ(store.quick(), step == 60) << orders;
+    }
+}
+
 TEST(DayStore, ReadsEachInstrumentOfAnArchive)
 {
     const QTemporaryDir folder;
