@@ -47,8 +47,6 @@ public:
     /// for sells. Rows that stand in the list already are left alone.
     void handOut(Rows& rows) const;
 
-    std::size_t size() const { return m_rows.size(); }
-
     /// Widens the bounds by the rows: lowest and highest price, and the largest lots times price.
     void addBounds(double& minPrice, double& maxPrice, double& maxAmount) const;
 
