@@ -1,5 +1,6 @@
 #include "host/window/InstrumentList.h"
 
+#include <QEvent>
 #include <QHeaderView>
 
 namespace host {
@@ -10,7 +11,8 @@ constexpr int kRestMs = 150;   // the cursor rests when it has not moved for so 
 constexpr int kRowHeight = 26; // pixels
 constexpr int kCodeWidth = 66;
 constexpr int kPriceWidth = 66;
-constexpr int kChangeWidth = 66;
+constexpr int kCellPadding = 20; // left and right of a text together
+const QString kWidestChange = QStringLiteral("+1000.00%");
 
 } // namespace
 
@@ -37,7 +39,7 @@ InstrumentList::InstrumentList(QWidget* parent) : QTableView(parent), m_model(ne
     horizontalHeader()->setSectionResizeMode(InstrumentModel::eChange, QHeaderView::Fixed);
     setColumnWidth(InstrumentModel::eCode, kCodeWidth);
     setColumnWidth(InstrumentModel::eLastPrice, kPriceWidth);
-    setColumnWidth(InstrumentModel::eChange, kChangeWidth);
+    fitChangeColumn();
 
     m_rest.setSingleShot(true);
     m_rest.setInterval(kRestMs);
@@ -64,6 +66,18 @@ void InstrumentList::setShown(int row)
         setCurrentIndex(QModelIndex()); // so that any row can be clicked
     }
     m_quiet = false;
+}
+
+void InstrumentList::fitChangeColumn()
+{
+    setColumnWidth(InstrumentModel::eChange, fontMetrics().horizontalAdvance(kWidestChange) + kCellPadding);
+}
+
+void InstrumentList::changeEvent(QEvent* event)
+{
+    QTableView::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        fitChangeColumn();
 }
 
 void InstrumentList::onCursor(int row)

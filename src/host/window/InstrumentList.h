@@ -26,7 +26,11 @@ public:
 Q_SIGNALS:
     void chosen(int row);
 
+protected:
+    void changeEvent(QEvent* event) override;
+
 private:
+    void fitChangeColumn();
     void onCursor(int row);
     void choose();
 

@@ -7,6 +7,7 @@
 #include "host/window/TerminalActions.h"
 #include "host/window/window_style.h"
 #include "platform/resources/CUiResource.h"
+#include "platform/toolkit/style_sheets.h"
 #include "platform/utils/CSingletonT.h"
 #include "platform/utils/exchange_time.h"
 #include "queue_view/CDepthOrderQueueWidget.h"
@@ -23,7 +24,7 @@ namespace host {
 namespace {
 
 constexpr int kFollowMs = 100;    // between two looks at the replay's time
-constexpr int kListWidth = 280;   // pixels
+constexpr int kListWidth = 310;   // pixels
 constexpr int kQueueWidth = 1000; // pixels
 constexpr QSize kUsualSize(1280, 800);
 constexpr std::int64_t kUsualTimeOfDay = (9 * 60 + 30) * 60 * utils::kMSecPerSecond; // the open
@@ -88,8 +89,13 @@ void MainWindow::makeLayout()
     column->addWidget(m_splitter, 1);
     column->addWidget(m_bar);
     setCentralWidget(central);
-    setMinimumSize(theme().getSize(QStringLiteral("kel_siz_mainwindow_width_min")),
-                   theme().getSize(QStringLiteral("kel_siz_mainwindow_height_min")));
+    setMinimumSize(smallestSize());
+}
+
+QSize MainWindow::smallestSize()
+{
+    return QSize(theme().getSize(QStringLiteral("kel_siz_mainwindow_width_min")),
+                 theme().getSize(QStringLiteral("kel_siz_mainwindow_height_min")));
 }
 
 void MainWindow::connectLoader()
@@ -287,10 +293,7 @@ void MainWindow::setSpeed(double speed)
 
 void MainWindow::stepSpeed(int step)
 {
-    const auto& speeds = ReplayBar::speeds();
-    const auto at = std::find(speeds.begin(), speeds.end(), m_bar->speed()) - speeds.begin();
-    const auto last = static_cast<std::ptrdiff_t>(speeds.size()) - 1;
-    setSpeed(speeds[static_cast<std::size_t>(std::clamp<std::ptrdiff_t>(at + step, 0, last))]);
+    setSpeed(ReplayBar::nextSpeed(m_bar->speed(), step));
 }
 
 void MainWindow::followReplay()
@@ -309,9 +312,9 @@ void MainWindow::followReplay()
 
 void MainWindow::applyStyle()
 {
-    QApplication::setPalette(windowPalette());
+    QApplication::setPalette(Zeb::themePalette());
     QApplication::setFont(*theme().getFont(QStringLiteral("fnt_default_normal")));
-    setStyleSheet(windowStyleSheet());
+    Zeb::giveSheet(this, windowStyleSheet());
     m_actions->showTheme(theme().theme());
     m_actions->showColors(theme().priceColors());
 }

@@ -34,6 +34,9 @@ public:
     explicit MainWindow(const TerminalOptions& options);
     ~MainWindow() override;
 
+    /// Pixels at 100 %; needs no application.
+    static QSize smallestSize();
+
     /// Loads the source that the options name.
     void start();
 

@@ -3,6 +3,7 @@
 #include <QAccessible>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QShortcut>
 #include <QStyle>
 #include <QToolButton>
 
@@ -31,7 +32,7 @@ MessageBar::MessageBar(QWidget* parent)
     m_close->setFocusPolicy(Qt::NoFocus);
     m_close->setAutoRaise(true);
     m_close->setText(QStringLiteral("✕"));
-    m_close->setToolTip(QStringLiteral("关闭提示"));
+    m_close->setToolTip(QStringLiteral("关闭提示（Esc）"));
     m_close->setAccessibleName(m_close->toolTip());
 
     auto* row = new QHBoxLayout(this);
@@ -42,6 +43,9 @@ MessageBar::MessageBar(QWidget* parent)
     m_timer.setSingleShot(true);
     connect(&m_timer, &QTimer::timeout, this, &QWidget::hide);
     connect(m_close, &QToolButton::clicked, this, &QWidget::hide);
+    // As long as the bar is hidden, the key is another's.
+    auto* escape = new QShortcut(QKeySequence(Qt::Key_Escape), this);
+    connect(escape, &QShortcut::activated, this, &QWidget::hide);
     hide();
 }
 

@@ -10,7 +10,7 @@ class QToolButton;
 namespace host {
 
 /// A line of text above the panels for what went wrong or was done. It never takes the keyboard focus, and a
-/// person may close it with its button. GUI thread.
+/// person may close it with its button or the escape key. GUI thread.
 class MessageBar : public QFrame
 {
     Q_OBJECT

@@ -13,7 +13,6 @@
 #include <QToolButton>
 
 #include <algorithm>
-#include <cmath>
 
 namespace host {
 
@@ -62,16 +61,27 @@ const std::vector<double>& ReplayBar::speeds()
     return list;
 }
 
+double ReplayBar::nextSpeed(double speed, int step)
+{
+    const auto& list = speeds();
+    const auto fastest = list.end() - 1;
+    if (!(speed > 0))
+        return step > 0 ? *fastest : *(fastest - 1);
+    if (step > 0)
+        return *std::upper_bound(list.begin(), fastest, speed);
+    const auto place = std::lower_bound(list.begin(), fastest, speed);
+    return place == list.begin() ? *place : *(place - 1);
+}
+
 void ReplayBar::makeControls()
 {
     m_play->setFixedSize(kPlaySize, kPlaySize);
     m_play->setIconSize(QSize(kIconSize, kIconSize));
     m_speed->setAccessibleName(QStringLiteral("回放速度"));
     m_speed->setToolTip(QStringLiteral("回放速度（Ctrl+↑ / Ctrl+↓）"));
-    m_speed->setMaxVisibleItems(static_cast<int>(speeds().size()));
+    m_speed->setMaxVisibleItems(static_cast<int>(speeds().size()) + 1);
     for (const double speed : speeds())
-        m_speed->addItem(speed > 0 ? QString::number(speed) + QStringLiteral("×") : QStringLiteral("最快"),
-                         speed);
+        addSpeed(m_speed->count(), speed);
     setSpeed(1);
 
     m_time->setObjectName(QStringLiteral("ReplayTime"));
@@ -143,17 +153,27 @@ void ReplayBar::setPlaying(bool playing)
     m_play->setToolTip(what + QStringLiteral("（空格）"));
 }
 
+void ReplayBar::addSpeed(int place, double speed)
+{
+    const QString text = speed > 0 ? QString::number(speed) + QStringLiteral("×") : QStringLiteral("最快");
+    m_speed->insertItem(place, text, speed);
+}
+
 void ReplayBar::setSpeed(double speed)
 {
     const auto& list = speeds();
-    if (!(speed > 0)) {
-        m_speed->setCurrentIndex(static_cast<int>(list.size()) - 1);
-        return;
+    const double wanted = speed > 0 ? speed : list.back();
+    const auto known = std::find(list.begin(), list.end(), wanted);
+    const auto place = known != list.end() ? known : std::upper_bound(list.begin(), list.end() - 1, wanted);
+    for (int i = m_speed->count() - 1; i >= 0; --i) { // the entry of its own that was in force
+        const double entry = m_speed->itemData(i).toDouble();
+        if (entry != wanted && std::find(list.begin(), list.end(), entry) == list.end())
+            m_speed->removeItem(i);
     }
-    const auto nearest = std::min_element(list.begin(), std::prev(list.end()), [speed](double a, double b) {
-        return std::abs(std::log(a / speed)) < std::abs(std::log(b / speed));
-    });
-    m_speed->setCurrentIndex(static_cast<int>(nearest - list.begin()));
+    const int index = static_cast<int>(place - list.begin());
+    if (m_speed->itemData(index).toDouble() != wanted)
+        addSpeed(index, wanted);
+    m_speed->setCurrentIndex(index);
 }
 
 double ReplayBar::speed() const

@@ -31,6 +31,10 @@ public:
     /// The speeds that can be chosen, the slowest first; 0 stands for as fast as possible and is the last.
     static const std::vector<double>& speeds();
 
+    /// The speed that can be chosen next to another one: the next faster for a step of 1, the next slower for
+    /// -1; the last one at an end.
+    static double nextSpeed(double speed, int step);
+
     void setDay(const DayRange& range);
 
     /// Shows the moment of the replay, ms since 1970-01-01 UTC.
@@ -38,7 +42,8 @@ public:
 
     void setPlaying(bool playing);
 
-    /// Puts a speed in the list in force without a signal; the nearest one for another.
+    /// Puts a speed in force without a signal, below 0 as fast as possible. One that is not among those that
+    /// can be chosen is an entry of its own as long as it is in force.
     void setSpeed(double speed);
     double speed() const;
 
@@ -68,6 +73,7 @@ private:
     void makeLayout();
     void jump();
     void showTime(std::int64_t moment);
+    void addSpeed(int place, double speed);
 
     DayRange m_range;
     bool m_playing = false;

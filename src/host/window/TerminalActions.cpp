@@ -1,7 +1,11 @@
 #include "host/window/TerminalActions.h"
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QActionGroup>
+#include <QApplication>
+#include <QComboBox>
+#include <QKeyEvent>
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
@@ -32,6 +36,22 @@ TerminalActions::TerminalActions(QMainWindow* window) : QObject(window), m_windo
     makeModeMenu();
     makeLookMenu();
     makeToolBar();
+    qApp->installEventFilter(this);
+}
+
+/// The key that presses a focused button or opens a choice is theirs, whatever the window uses it for.
+bool TerminalActions::eventFilter(QObject* watched, QEvent* event)
+{
+    if (event->type() != QEvent::ShortcutOverride || static_cast<QKeyEvent*>(event)->key() != Qt::Key_Space)
+        return false;
+    for (auto* widget = qobject_cast<QWidget*>(watched); widget; widget = widget->parentWidget()) {
+        const bool presses = qobject_cast<QAbstractButton*>(widget) || qobject_cast<QComboBox*>(widget);
+        if (presses && m_window->isAncestorOf(widget)) {
+            event->accept();
+            return true;
+        }
+    }
+    return false;
 }
 
 QAction* TerminalActions::action(const QString& name) const

@@ -44,6 +44,9 @@ Q_SIGNALS:
     void simulationAsked();
     void quitAsked();
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
     QAction* add(QMenu* menu, const char* name, const QString& text, const QString& shortcut);
     QAction* addMode(QMenu* menu, QActionGroup* group, const char* name, const QString& text,

@@ -3,8 +3,6 @@
 #include "platform/resources/CUiResource.h"
 #include "platform/utils/CSingletonT.h"
 
-#include <QColor>
-
 namespace host {
 
 namespace {
@@ -12,11 +10,6 @@ namespace {
 Zeb::CUiResource& theme()
 {
     return utils::CSingletonT<Zeb::CUiResource>::instance();
-}
-
-QColor color(const char* key)
-{
-    return *theme().getColor(QString::fromLatin1(key));
 }
 
 // %1 ground, %2 raised ground, %3 line, %4 text, %5 soft text, %6 accent, %7 selection, %8 hover, %9 field,
@@ -77,27 +70,6 @@ QToolTip { background: %13; color: %4; border: 1px solid %3; padding: 3px; }
 )";
 
 } // namespace
-
-QPalette windowPalette()
-{
-    QPalette palette;
-    palette.setColor(QPalette::Window, color("clr_window_background"));
-    palette.setColor(QPalette::WindowText, color("clr_window_text"));
-    palette.setColor(QPalette::Base, color("clr_edit_background"));
-    palette.setColor(QPalette::AlternateBase, color("clr_window_background"));
-    palette.setColor(QPalette::Text, color("clr_edit_text"));
-    palette.setColor(QPalette::PlaceholderText, color("clr_window_text_soft"));
-    palette.setColor(QPalette::Button, color("clr_button_background"));
-    palette.setColor(QPalette::ButtonText, color("clr_button_text"));
-    palette.setColor(QPalette::Highlight, color("clr_edit_selection"));
-    palette.setColor(QPalette::HighlightedText, color("clr_edit_text"));
-    palette.setColor(QPalette::ToolTipBase, color("clr_tip_background"));
-    palette.setColor(QPalette::ToolTipText, color("clr_tip_text"));
-    palette.setColor(QPalette::Disabled, QPalette::Text, color("clr_button_text_disabled"));
-    palette.setColor(QPalette::Disabled, QPalette::WindowText, color("clr_button_text_disabled"));
-    palette.setColor(QPalette::Disabled, QPalette::ButtonText, color("clr_button_text_disabled"));
-    return palette;
-}
 
 QString windowStyleSheet()
 {

@@ -1,12 +1,10 @@
 #pragma once
 
-#include <QPalette>
 #include <QString>
 
 /// The look of the window around the panels, from the colours of the theme in force. GUI thread.
 namespace host {
 
-QPalette windowPalette();
 QString windowStyleSheet();
 
 } // namespace host

@@ -18,10 +18,14 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QAction>
+#include <QComboBox>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QToolButton>
 
 namespace window_tests {
 namespace {
@@ -208,6 +212,50 @@ TEST_F(Window, ShortcutsDoWhatTheMenusSay)
         QTest::keyClick(window->windowHandle(), key.key, key.modifiers);
         EXPECT_TRUE(waitUntil(key.done)) << key.key;
     }
+}
+
+TEST_F(Window, SpacePressesAFocusedButtonAndOpensAFocusedChoice)
+{
+    open();
+    ASSERT_TRUE(waitForDay());
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    QPushButton push(&window->bar());
+    QToolButton tool(&window->bar());
+    for (QAbstractButton* button :
+         {static_cast<QAbstractButton*>(&push), static_cast<QAbstractButton*>(&tool)}) {
+        button->setCheckable(true);
+        button->show();
+        button->setFocus();
+        QTest::keyClick(window->windowHandle(), Qt::Key_Space);
+        EXPECT_TRUE(button->isChecked());
+        EXPECT_FALSE(window->player().playing());
+    }
+    auto* choice = window->bar().findChild<QComboBox*>();
+    choice->setFocus();
+    QTest::keyClick(window->windowHandle(), Qt::Key_Space);
+    EXPECT_TRUE(choice->view()->isVisible());
+    EXPECT_FALSE(window->player().playing());
+    choice->hidePopup();
+}
+
+TEST_F(Window, TheListHasRoomForARiseToTheTenfold)
+{
+    open();
+    ASSERT_TRUE(waitForDay());
+    auto& model = window->list().instruments();
+    nelservice::CInstrumentDetail detail;
+    detail.code = "600001";
+    detail.previousClose = 1;
+    model.setInstruments({detail});
+    feed::InstrumentDay day;
+    feed::SnapshotRow row;
+    row.time = 1;
+    row.lastPrice = 11;
+    day.snapshots.push_back(row);
+    model.setPrices(0, std::make_shared<const host::PriceSeries>(day));
+    const QModelIndex change = model.index(0, host::InstrumentModel::eChange);
+    ASSERT_EQ(change.data().toString().toStdString(), "+1000.00%");
+    EXPECT_GE(window->list().columnWidth(change.column()), window->list().sizeHintForIndex(change).width());
 }
 
 TEST_F(Window, TheButtonsOfTheHeaderAndTheMenuAgree)

@@ -56,6 +56,15 @@ TEST_F(Messages, DoesNotTakeTheFocus)
     EXPECT_EQ(close->focusPolicy(), Qt::NoFocus);
 }
 
+TEST_F(Messages, TheEscapeKeyClosesIt)
+{
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    bar.showError(QStringLiteral("broken"));
+    QTest::keyClick(window.windowHandle(), Qt::Key_Escape);
+    EXPECT_TRUE(bar.isHidden());
+    EXPECT_TRUE(window.isVisible());
+}
+
 TEST_F(Messages, CutsALongTextInTheMiddleAndTellsAllOfItInTheTip)
 {
     const QString text = QStringLiteral("/a/very/long/path/") + QString(300, QLatin1Char('x')) +

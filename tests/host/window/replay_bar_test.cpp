@@ -46,15 +46,43 @@ TEST_F(Bar, OffersSpeedsFromATenthToAHundredAndAsFastAsPossible)
     EXPECT_EQ(bar.speed(), 1);
 }
 
-TEST_F(Bar, PutsTheNearestSpeedInForce)
+TEST_F(Bar, ShowsTheSpeedInForceThoughItCannotBeChosen)
 {
     QSignalSpy spy(&bar, &host::ReplayBar::speedChosen);
-    for (const auto& [wanted, shown] :
-         {std::pair<double, double>{60, 60}, {0.1, 0.1}, {70, 60}, {90, 100}, {0, 0}, {-1, 0}}) {
-        bar.setSpeed(wanted);
-        EXPECT_EQ(bar.speed(), shown) << wanted;
+    const auto* choice = bar.findChild<QComboBox*>();
+    const int choices = static_cast<int>(host::ReplayBar::speeds().size());
+    struct Row
+    {
+        double speed;
+        const char* text;
+        int place;
+        int entries;
+    };
+    for (const Row& row :
+         {Row{60, "60×", 8, choices}, Row{0.1, "0.1×", 0, choices}, Row{30, "30×", 8, choices + 1},
+          Row{31, "31×", 8, choices + 1}, Row{31, "31×", 8, choices + 1}, Row{0.15, "0.15×", 1, choices + 1},
+          Row{100, "100×", 9, choices}, Row{150, "150×", 10, choices + 1}, Row{0, "最快", 10, choices},
+          Row{-1, "最快", 10, choices}}) {
+        bar.setSpeed(row.speed);
+        EXPECT_EQ(bar.speed(), std::max(0.0, row.speed)) << row.text;
+        EXPECT_EQ(choice->currentText().toStdString(), row.text);
+        EXPECT_EQ(choice->currentIndex(), row.place) << row.text;
+        EXPECT_EQ(choice->count(), row.entries) << row.text;
     }
     EXPECT_EQ(spy.count(), 0);
+}
+
+TEST_F(Bar, KnowsTheSpeedsNextToAnother)
+{
+    using host::ReplayBar;
+    EXPECT_EQ(ReplayBar::nextSpeed(1, 1), 2);
+    EXPECT_EQ(ReplayBar::nextSpeed(1, -1), 0.5);
+    EXPECT_EQ(ReplayBar::nextSpeed(30, 1), 60);
+    EXPECT_EQ(ReplayBar::nextSpeed(30, -1), 20);
+    EXPECT_EQ(ReplayBar::nextSpeed(0.1, -1), 0.1);
+    EXPECT_EQ(ReplayBar::nextSpeed(100, 1), 0);
+    EXPECT_EQ(ReplayBar::nextSpeed(0, 1), 0);
+    EXPECT_EQ(ReplayBar::nextSpeed(0, -1), 100);
 }
 
 TEST_F(Bar, TellsOfAChosenSpeed)
