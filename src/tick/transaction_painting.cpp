@@ -29,8 +29,6 @@ constexpr const char* kActiveOnLight = "kel_clr_deptch_holographic_deal_active_d
 
 constexpr const char* kMinuteLine = "ic_clr_modelgroup_transaction_splitter";
 
-constexpr int kRight = Qt::AlignRight | Qt::AlignVCenter;
-
 /// A triangle of three columns, its point at the right.
 void drawRightTriangle(QPainter* painter, int tipX, int middleY)
 {

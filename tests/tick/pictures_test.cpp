@@ -167,11 +167,14 @@ TEST_P(Pictures, ShowARealDay)
     static const feed::ImportResult result = feed::importDay(path, feed::ImportOptions());
     ASSERT_EQ(result.days.size(), 1u) << result.error.text();
     const feed::InstrumentDay& day = result.days[0];
-    utils::CSingletonT<CStockManager>::instance().addInstrument(
-        boost::make_shared<nelservice::CInstrumentDetail>(day.detail));
+    const auto enterReal = [&day] {
+        utils::CSingletonT<CStockManager>::instance().addInstrument(
+            boost::make_shared<nelservice::CInstrumentDetail>(day.detail));
+    };
     const auto orders = wrap(feed::makeOrderBatch(day.orders.data(), day.orders.size()), kStock);
     const auto dealBatch = wrap(feed::makeDealBatch(day.deals.data(), day.deals.size()), kStock);
     DealPanel deals(1200, 700);
+    enterReal();
     deals.setStock(kStock);
     deals.entrustCallback(0, 0, orders);
     deals.transactionCallback(0, 0, dealBatch);
@@ -179,6 +182,7 @@ TEST_P(Pictures, ShowARealDay)
     deals.m_scrollBar->setValue(deals.m_total / 2);
     EXPECT_GT(save(deals, "real_deals"), 20);
     EntrustPanel entrusts(1200, 500);
+    enterReal();
     entrusts.setStock(kStock);
     entrusts.entrustCallback(kStock, 0, 0, orders);
     entrusts.transactionCallback(kStock, 0, 0, dealBatch);
