@@ -44,7 +44,8 @@ opens_window() {
   done
 }
 
-if ! opens_window "$@" || [[ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}${QT_QPA_PLATFORM:-}" ]]; then
+# A display that is named but does not answer is none.
+if ! opens_window "$@" || "$binary" --probe-display; then
   rm -f "$log"
   exec "$binary" "$@"
 fi

@@ -1,6 +1,7 @@
 #include "arguments.h"
 
 #include "host/commands/commands.h"
+#include "host/window/MainWindow.h"
 #include "platform/utils/exchange_time.h"
 
 #include <CLI/CLI.hpp>
@@ -12,8 +13,7 @@
 
 namespace {
 
-constexpr int kSmallestSide = 200; // pixels of a picture
-constexpr int kLargestSide = 8000;
+constexpr int kLargestSide = 8000; // pixels of a picture
 constexpr double kPercent = 100;
 
 /// What is given as text and taken over after the parsing.
@@ -84,6 +84,11 @@ void addLook(CLI::App& app, Texts& texts)
     app.add_option("--size", texts.size, "Of the window, pixels at 100 % (1280x800)")->type_name("WxH");
 }
 
+std::string sizeText(const QSize& size)
+{
+    return std::to_string(size.width()) + 'x' + std::to_string(size.height());
+}
+
 bool readSize(const std::string& text, QSize& size)
 {
     const QStringList sides = QString::fromStdString(text).split(QLatin1Char('x'));
@@ -92,8 +97,8 @@ bool readSize(const std::string& text, QSize& size)
     bool wide = false;
     bool high = false;
     size = QSize(sides[0].toInt(&wide), sides[1].toInt(&high));
-    const auto fits = [](int side) { return side >= kSmallestSide && side <= kLargestSide; };
-    return wide && high && fits(size.width()) && fits(size.height());
+    const QSize smallest = host::MainWindow::smallestSize();
+    return wide && high && size == size.expandedTo(smallest).boundedTo(QSize(kLargestSide, kLargestSide));
 }
 
 /// False for a number that no replay runs at and for other words than "max".
@@ -122,7 +127,8 @@ std::string take(const Texts& texts, host::TerminalOptions& options)
     if (!readSpeed(texts.speed, options.speed))
         return "--speed: not 0.1 to 100 or max: " + texts.speed;
     if (!texts.size.empty() && !readSize(texts.size, options.size))
-        return "--size: not a size of 200x200 to 8000x8000: " + texts.size;
+        return "--size: not a size of " + sizeText(host::MainWindow::smallestSize()) + " to " +
+               sizeText(QSize(kLargestSide, kLargestSide)) + ": " + texts.size;
     options.playing = !texts.paused;
     options.theme = QString::fromStdString(texts.theme);
     options.colors = priceColors().at(texts.colors);
@@ -156,6 +162,7 @@ bool readArguments(int argc, char** argv, host::TerminalOptions& options, int& e
         ->needs(shot);
     app.add_option("--measure-stalls", options.measureStalls)->check(CLI::Range(0.1, 3600.0))->group("");
     app.add_flag("--tour", options.tour)->group("");
+    app.add_flag("--probe-display", options.probe)->group("");
     std::string wrong;
     try {
         app.parse(argc, argv);

@@ -1,4 +1,5 @@
 #include "arguments.h"
+#include "display.h"
 
 #include "host/commands/commands.h"
 #include "host/window/shot.h"
@@ -35,13 +36,6 @@ void dropRemarksOnFolders(QtMsgType type, const QMessageLogContext& context, con
         std::cerr << qFormatLogMessage(type, context, text).toStdString() << '\n';
 }
 
-/// Qt itself would end the process with a signal when no display answers.
-bool displayIsMissing()
-{
-    return qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM") && qEnvironmentVariableIsEmpty("DISPLAY") &&
-           qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
-}
-
 } // namespace
 
 int main(int argc, char** argv)
@@ -51,7 +45,9 @@ int main(int argc, char** argv)
     int exitCode = host::kExitDone;
     if (!readArguments(argc, argv, options, exitCode, std::cout, std::cerr))
         return exitCode;
-    if (options.shot.isEmpty() && displayIsMissing())
+    if (options.probe)
+        return displayAnswers(argc, argv) ? host::kExitDone : host::kExitError;
+    if (options.shot.isEmpty() && !displayAnswers(argc, argv))
         return host::fail(std::cerr, "no display; --shot FILE.png makes a picture without one");
 
     qInstallMessageHandler(dropRemarksOnFolders);

@@ -42,6 +42,7 @@ struct TerminalOptions
     QString shot;             ///< file of a picture; empty for a window
     double scale = 1;         ///< of the picture
     double measureStalls = 0; ///< seconds over which the event loop is watched; 0 for a usual run
+    bool probe = false;       ///< only finds out whether a window can be opened
     bool tour = false;        ///< goes through the window's commands by itself and closes it
 };
 

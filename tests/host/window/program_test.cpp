@@ -63,6 +63,11 @@ TEST(TerminalProgram, RefusesWrongArgumentsWithOneLine)
         {QStringLiteral("--at"), QStringLiteral("25:00")},
         {QStringLiteral("--size"), QStringLiteral("10x10")},
         {QStringLiteral("--size"), QStringLiteral("800")},
+        {QStringLiteral("--size"), QStringLiteral("639x480"), QStringLiteral("--shot"),
+         QStringLiteral("a.png")},
+        {QStringLiteral("--size"), QStringLiteral("640x479"), QStringLiteral("--shot"),
+         QStringLiteral("a.png")},
+        {QStringLiteral("--size"), QStringLiteral("8001x800")},
         {QStringLiteral("--seed"), QStringLiteral("-1")},
         {QStringLiteral("--day"), QStringLiteral("a"), QStringLiteral("--seed"), QStringLiteral("1")},
         {QStringLiteral("--import"), QStringLiteral("auto")},
@@ -111,6 +116,29 @@ TEST(TerminalProgram, SaysThatItNeedsADisplay)
     EXPECT_EQ(result.exitCode, 2);
     EXPECT_EQ(result.errorLines().size(), 1);
     EXPECT_TRUE(result.err.contains(QStringLiteral("--shot"))) << result.err.toStdString();
+}
+
+TEST(TerminalProgram, NamesTheSmallestWindow)
+{
+    const ProgramRun result = run({QStringLiteral("--size"), QStringLiteral("300x300"),
+                                   QStringLiteral("--shot"), QStringLiteral("/nowhere/shot.png")});
+    EXPECT_EQ(result.exitCode, 2);
+    EXPECT_TRUE(
+        result.err.startsWith(QStringLiteral("error: --size: not a size of 640x480 to 8000x8000: 300x300")))
+        << result.err.toStdString();
+}
+
+TEST(TerminalProgram, ADisplayThatDoesNotAnswerIsNone)
+{
+    const QStringList dead = {QStringLiteral("DISPLAY=:4711"), QStringLiteral("WAYLAND_DISPLAY="),
+                              QStringLiteral("QT_QPA_PLATFORM=")};
+    const ProgramRun result = runProgram({}, dead);
+    EXPECT_EQ(result.exitCode, 2);
+    EXPECT_EQ(result.errorLines().size(), 1) << result.err.toStdString();
+    EXPECT_TRUE(result.err.contains(QStringLiteral("--shot"))) << result.err.toStdString();
+    const QStringList probe = {QStringLiteral("--probe-display")};
+    EXPECT_EQ(runProgram(probe, dead).exitCode, 2);
+    EXPECT_EQ(runProgram(probe, {QStringLiteral("QT_QPA_PLATFORM=offscreen")}).exitCode, 0);
 }
 
 TEST(TerminalProgram, TellsItsOptionsAndVersion)
