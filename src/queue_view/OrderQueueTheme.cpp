@@ -1,6 +1,7 @@
 #include "queue_view/OrderQueueTheme.h"
 
 #include "platform/resources/CUiResource.h"
+#include "platform/resources/mark_colors.h"
 #include "platform/utils/CSingletonT.h"
 
 namespace Kel {
@@ -21,11 +22,6 @@ constexpr const char* kCallOutFrame = "ic_clr_depth_queue_part_deal_back";
 constexpr const char* kCallOutFill = "ic_clr_depth_queue_part_deal";
 constexpr const char* kPartDealtPen = "ic_clr_graph_gray";
 constexpr const char* kCallOutFont = "ic_fnt_index_modulegroup_today_text";
-
-/// By index of the mark; the last one is for an index that is none.
-constexpr std::array<const char*, 5> kMarks = {"ic_clr_mark_light_blue", "ic_clr_mark_purple",
-                                               "ic_clr_mark_dark_blue", "ic_clr_mark_yellow",
-                                               "ic_clr_entrust_default_text"};
 
 const Zeb::CUiResource& resource()
 {
@@ -55,8 +51,8 @@ OrderQueueTheme::OrderQueueTheme()
       partDealtPen(color(kPartDealtPen)),
       callOutFont(resource().getFont(QLatin1String(kCallOutFont)))
 {
-    for (std::size_t i = 0; i < kMarks.size(); ++i)
-        marks[i] = color(kMarks[i]);
+    for (std::size_t i = 0; i < kMarkColorKeys.size(); ++i)
+        marks[i] = color(kMarkColorKeys[i]);
 }
 
 void OrderQueueTheme::setKeys(const Keys& keys)

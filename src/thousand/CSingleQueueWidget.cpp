@@ -1,6 +1,7 @@
 #include "thousand/CSingleQueueWidget.h"
 
 #include "platform/resources/CUiResource.h"
+#include "platform/resources/mark_colors.h"
 #include "platform/toolkit/number_formats.h"
 #include "platform/utils/CSingletonT.h"
 #include "records/Tolerance.h"
@@ -14,7 +15,6 @@
 #include <QWheelEvent>
 
 #include <algorithm>
-#include <array>
 
 namespace Kel {
 
@@ -29,11 +29,6 @@ constexpr const char* kRise = "ic_clr_entrust_text_rise";
 constexpr const char* kFall = "ic_clr_entrust_text_fall";
 constexpr const char* kTitleFont = "fnt_index_title_text";
 constexpr const char* kLotsFont = "ic_fnt_index_modulegroup_entruststatus_amount";
-
-/// By index of the mark; the last one is for an index that is none.
-constexpr std::array<const char*, 5> kMarks = {"ic_clr_mark_light_blue", "ic_clr_mark_purple",
-                                               "ic_clr_mark_dark_blue", "ic_clr_mark_yellow",
-                                               "ic_clr_entrust_default_text"};
 
 // Colours that are the same in every theme
 const QColor kFrame(240, 192, 16, 255);
@@ -176,8 +171,7 @@ const QColor* CSingleQueueWidget::getVolumeColor(int index) const
 {
     if (index == -1)
         index = m_markColor;
-    const auto last = static_cast<int>(kMarks.size()) - 1;
-    return themeColor(kMarks[static_cast<std::size_t>(index < 0 || index > last ? last : index)]);
+    return themeColor(markColorKey(index));
 }
 
 void CSingleQueueWidget::wheelEvent(QWheelEvent* event)

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "platform/resources/mark_colors.h"
+#include "platform/toolkit/scroll_bar_sheet.h"
+
 #include <QColor>
 #include <QFont>
 #include <QHash>
@@ -18,9 +21,6 @@ const QFont* themeFont(const char* key);
 /// The colour of a mark by its index; the default text colour for an index that has none.
 const QColor* markColor(int index);
 
-/// The key of that colour.
-const char* markColorKey(int index);
-
 /// Whether the panels' ground is light, so that a colour that is made for a dark one needs another in its
 /// place.
 bool isGroundLight();
@@ -36,9 +36,6 @@ QString amountText(double amount);
 
 /// "hh:mm:ss" at the exchange, of seconds since 1970-01-01 UTC.
 QString clockText(qint64 seconds);
-
-/// The style sheet of the panels' scroll bars, in the colours of the theme.
-QString scrollBarSheet();
 
 /// Texts that are written over and over, each laid out once and kept.
 class TextCache
