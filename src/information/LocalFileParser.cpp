@@ -158,7 +158,6 @@ void LocalFileParser::takeHeader(const char* begin, const char* end)
 void LocalFileParser::takeRow(const char* begin, const char* end)
 {
     LocalRow row;
-    row.reserve(m_headers.size());
     QString date;
     forEachField(begin, end, [&](QString field, int part) {
         if (part == m_dateColumn)

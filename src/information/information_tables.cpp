@@ -53,7 +53,6 @@ constexpr const char* kTabNames[CInformationWidget::eTableCount] = {"新闻", "�
 
 /// Pages by table; the news have none.
 constexpr int kPages[CInformationWidget::eTableCount] = {0, 1, 2, 3};
-constexpr int kLocalPage = 3;
 
 constexpr int kEventPage = 302;
 constexpr int kPageFirst = 4;
@@ -287,7 +286,8 @@ void CInformationWidget::copyLink(Zeb::CStandardTable* table, int row)
     if (link.isEmpty())
         return;
     QGuiApplication::clipboard()->setText(link);
-    QToolTip::showText(QCursor::pos(), QStringLiteral("已复制链接: %1").arg(link.toHtmlEscaped()), table);
+    QToolTip::showText(QCursor::pos(), QStringLiteral("<qt>已复制链接: %1</qt>").arg(link.toHtmlEscaped()),
+                       table);
 }
 
 void CInformationWidget::clearTables()

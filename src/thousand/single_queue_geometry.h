@@ -32,7 +32,7 @@ struct SingleQueueLayout
     int fittingRows() const { return (clientHeight - titleHeight) / rowHeight; }
 
     /// Rows for so many orders.
-    int rowsFor(int orders) const { return (orders + columns - 1) / columns; }
+    int rowsFor(int orders) const { return orders / columns + (orders % columns > 0 ? 1 : 0); }
 
     /// Height of the panel with so many rows.
     int heightFor(int rows) const { return titleHeight + 2 + rowHeight * rows; }

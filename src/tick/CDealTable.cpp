@@ -45,6 +45,8 @@ void CDealTable::setRecords(const std::list<Record>& records)
     }
     m_total = static_cast<int>(m_rows.size());
     updateScroll();
+    // A slider that stood lower than this order's list reaches was moved by its range, which told the table.
+    m_firstIndex = 0;
 }
 
 void CDealTable::updateScroll()

@@ -134,9 +134,7 @@ private:
     void keyTo(int row);
 };
 
-/// Starts a panel's timer with the user's refresh interval, else with `fallback` milliseconds, and lets
-/// `restart` hear of changes of the interval.
-class CUserConfig;
+/// The user's refresh interval, or `fallback` without a user configuration; milliseconds.
 int refreshPeriod(int fallback);
 
 } // namespace Kel

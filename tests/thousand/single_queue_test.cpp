@@ -133,6 +133,7 @@ TEST(SingleQueueGeometry, PlacesCellsBarAndRows)
     EXPECT_EQ(layout.rowsFor(1), 1);
     EXPECT_EQ(layout.rowsFor(5), 1);
     EXPECT_EQ(layout.rowsFor(6), 2);
+    EXPECT_EQ(layout.rowsFor(std::numeric_limits<int>::max()), std::numeric_limits<int>::max() / 5 + 1);
     EXPECT_EQ(layout.heightFor(3), 24 + 2 + 60);
     EXPECT_EQ(Kel::openingRows(0), 3);
     EXPECT_EQ(Kel::openingRows(4), 4);

@@ -367,6 +367,20 @@ TEST_F(Track, ANewOrderReplacesEverythingOfTheOneBefore)
     EXPECT_TRUE(picture(dialog.m_deals->table())->all(PaintCommand::eRect).empty()) << "nothing is selected";
 }
 
+TEST_F(Track, ATableThatWasScrolledOpensTheNextOrderAtItsTop)
+{
+    Records many;
+    for (int number = 0; number < 90; ++number)
+        many.push_back(record(1, 100, 10, number));
+    show(1, many);
+    QTest::keyClick(dialog.m_deals->table(), Qt::Key_End);
+    Records next = {record(1, 700)};
+    for (int number = 1; number < 45; ++number)
+        next.push_back(record(1, 100, 10, number));
+    show(1, next);
+    EXPECT_EQ(picture(dialog.m_deals->table())->count(QStringLiteral("7手")), 1);
+}
+
 TEST_F(Track, ClearLeavesTheTableAlone)
 {
     show(1, {record(1, 300), record(3, 900)});

@@ -28,8 +28,7 @@ namespace Kel {
 class CModelDepthThousand
 {
 public:
-    /// Both numbers belong to the client's model library, which counts its models by them; they are kept and
-    /// have no effect.
+    /// Both numbers are kept for the caller and have no effect.
     CModelDepthThousand(int id, int parent);
     ~CModelDepthThousand();
     CModelDepthThousand(const CModelDepthThousand&) = delete;

@@ -40,6 +40,12 @@ bool isPrice(double price, double tick)
     return std::fabs(price) > tick / kTickShare;
 }
 
+/// Shares traded between two snapshots; a total that is negative counts as none.
+std::int64_t tradedBetween(const quoter::QuoterDepthData& before, const quoter::QuoterDepthData& after)
+{
+    return std::max<std::int64_t>(after.totalVolume, 0) - std::max<std::int64_t>(before.totalVolume, 0);
+}
+
 } // namespace
 
 CModelEntrustStatus::CModelEntrustStatus()
@@ -151,7 +157,7 @@ bool CModelEntrustStatus::takeSnapshot(const quoter::QuoterDepthData& snapshot)
         forgetBase();
     bool changed = takeLastPrice(snapshot.lastPrice);
     if (m_hasBase && !m_hasDeals)
-        changed = takeTradedShares(snapshot.totalVolume - m_base.totalVolume) || changed;
+        changed = takeTradedShares(tradedBetween(m_base, snapshot)) || changed;
 
     const double* const noPrices = nullptr;
     const std::int64_t* const noVolumes = nullptr;

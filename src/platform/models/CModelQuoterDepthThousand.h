@@ -25,8 +25,7 @@ namespace Kel {
 class CModelQuoterDepthThousand
 {
 public:
-    /// Both numbers belong to the client's model library, which counts its models by them; they are kept and
-    /// have no effect.
+    /// Both numbers are kept for the caller and have no effect.
     CModelQuoterDepthThousand(int id, int parent);
     CModelQuoterDepthThousand(const CModelQuoterDepthThousand&) = delete;
     CModelQuoterDepthThousand& operator=(const CModelQuoterDepthThousand&) = delete;

@@ -40,7 +40,7 @@ OrderBook::OrderBook(double priceTick) : m_tick(isPrice(priceTick) ? priceTick :
 bool OrderBook::addOrder(const quoter::OrderData& order)
 {
     const bool hasSide = order.side == OQT_BUY || order.side == OQT_SELL;
-    if (!hasSide || order.kind == quoter::eOrderNotStanding || order.entrustNo == 0 || order.volume <= 0)
+    if (!hasSide || order.kind == quoter::eOrderNotStanding || order.entrustNo <= 0 || order.volume <= 0)
         return false;
     const auto [entry, isNew] = m_index.try_emplace(order.entrustNo, kNone);
     if (!isNew && (entry->second == kNone || node(entry->second).level != kNone))

@@ -20,7 +20,8 @@ namespace {
 constexpr int kRowPixels = 20;
 constexpr int kHeaderPixels = 22;
 constexpr int kColorKeyRole = Qt::UserRole + 1;
-constexpr int kSideRoom = 8; // what a text has beside itself in its cell
+constexpr int kMostTipText = 1000; // characters
+constexpr int kSideRoom = 8;       // what a text has beside itself in its cell
 const QString kDefaultColor = QStringLiteral("ic_clr_table_text_default");
 
 CUiResource& resource()
@@ -223,11 +224,13 @@ bool CStandardTable::viewportEvent(QEvent* event)
         return QTableView::viewportEvent(event);
     const auto* help = static_cast<QHelpEvent*>(event);
     const QModelIndex index = indexAt(help->pos());
-    const QString text = index.data().toString();
+    // What a feed or a file brings is text, not markup, and as much of it as a tip can show.
+    const QString text = index.data().toString().left(kMostTipText);
     const int room = columnWidth(index.column()) - kSideRoom;
     const bool cut = index.isValid() && fontMetrics().horizontalAdvance(text) > room;
     if (cut)
-        QToolTip::showText(help->globalPos(), text, viewport());
+        QToolTip::showText(help->globalPos(), QStringLiteral("<qt>%1</qt>").arg(text.toHtmlEscaped()),
+                           viewport());
     else
         QToolTip::hideText();
     return true;

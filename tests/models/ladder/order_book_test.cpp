@@ -1,6 +1,7 @@
 // The book by number and price: what enters, what leaves, what waits, what is told of changes.
 
 #include "BookText.h"
+#include "platform/models/ladder_quotes.h"
 
 #include <gtest/gtest.h>
 
@@ -18,6 +19,18 @@ struct Book : Kel::OrderBook
     bool order(const std::string& line) { return addOrder(orderFrom(line)); }
     bool deal(const std::string& line) { return addDeal(dealFrom(line)); }
 };
+
+TEST(LadderQuotes, WhatIsLeftStaysRightWhereTheWholeDoesNotFit)
+{
+    Kel::BookOrder order;
+    order.number = 1;
+    order.volume = 3000000000;
+    order.dealt = 2500000000;
+    Kel::SingleQueue queue;
+    Kel::setQuotes(queue, {order});
+    ASSERT_EQ(queue.quotes.size(), 1u);
+    EXPECT_EQ(queue.quotes[0].second->volume - queue.quotes[0].second->dealtVolume, 500000000);
+}
 
 TEST(OrderBook, StandsEmptyAtFirst)
 {

@@ -115,6 +115,17 @@ TEST(NewEntrustStatusModel, TakesNothingWithoutAnInstrument)
     EXPECT_TRUE(params.values.empty());
 }
 
+TEST_F(EntrustStatusModel, ATotalThatIsNegativeCountsAsNone)
+{
+    const Snapshot before = snapshot();
+    before->totalVolume = std::numeric_limits<std::int64_t>::min();
+    send(before);
+    const Snapshot after = snapshot(kNoon + 3000);
+    after->totalVolume = 500;
+    send(after);
+    EXPECT_EQ(m_model.data().newVolume, 5);
+}
+
 TEST_F(EntrustStatusModel, SellOneStandsAtIndexNineAndBuyOneAtIndexNought)
 {
     const auto record = snapshot();
