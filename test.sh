@@ -60,7 +60,7 @@ fi
 if wants fuzz; then
   echo "== fuzz: build"
   cmake --preset fuzz >/dev/null
-  cmake --build --preset fuzz -- -j "$jobs"
+  cmake --build --preset fuzz --target fuzzers -- -j "$jobs"
   scripts/fuzz.sh "${DEPTH_FUZZ_SECONDS:-10}"
   summaries+=("fuzz: every target ran ${DEPTH_FUZZ_SECONDS:-10} s without a finding")
 fi
