@@ -2,6 +2,7 @@
 
 #include "platform/models/order_symbols.h"
 #include "platform/toolkit/number_formats.h"
+#include "platform/utils/exchange_time.h"
 #include "records/Tolerance.h"
 #include "tick/CDepthTransactionWidget.h"
 
@@ -23,6 +24,9 @@ constexpr int kInset = 3;       // of the lines
 constexpr int kLinesBelowBand = 4;
 constexpr int kRightOfMouse = 10;
 constexpr int kAboveMouse = 20;
+
+/// "%04d年%02d月%02d日 %02d:%02d:%02d" in GBK.
+constexpr const char* kTimeFormat = "%04d\xC4\xEA%02d\xD4\xC2%02d\xC8\xD5 %02d:%02d:%02d";
 
 constexpr const char* kFont = "fnt_graph_axis_text";
 constexpr const char* kGround = "kel_clr_deptch_holographic_deal_detail_bg";
@@ -96,7 +100,8 @@ void CDepthTransactionWidget::drawTip(QPainter& painter, const int& index)
     int textWidth = titleRect.width();
     for (const QString& line : {sell.price, sell.volume, buy.price, buy.volume})
         textWidth = std::max(textWidth, metrics.horizontalAdvance(line));
-    const QString time = QStringLiteral("时  间:") + clockText(deal->time);
+    const QString time =
+        QStringLiteral("时  间:") + utils::getFullTextTimeByTime(deal->time, true, kTimeFormat);
     QRect rect = tipRect(textWidth, titleRect.height() + kLineRoom);
 
     const QPen outline(*themeColor(kLine), 0);

@@ -44,11 +44,11 @@ QString millisecondsToTime(std::int64_t msSince1970);
 /// milliseconds since midnight. Any other text is refused: false, and `ms` is left as it is.
 bool parseTimeOfDay(const QString& text, std::int64_t& ms);
 
-/// A moment as text. `seconds` counts from 1970-01-01 UTC, decimals are cut; with `exchangeClock` the text
-/// shows exchange time, else UTC. `gbkFormat` is a printf format in GBK encoding with up to six int
-/// conversions ("%d", "%2d", "%04d", ...), which take year, month, day, hour, minute and second in turn; "%%"
-/// is a percent sign. Anything else after a percent sign, more than six conversions, a null format, a time
-/// that is not finite or lies outside the years 1 to 9999: empty text.
-QString getFullTextTimeByTime(double seconds, bool exchangeClock, const char* gbkFormat);
+/// A moment as text, at the exchange. `seconds` counts from 1970-01-01 UTC, decimals are cut. With
+/// `timeOfDay` the text is "hh:mm:ss", whatever the format is. Otherwise `gbkFormat` is a printf format in
+/// GBK encoding with up to six int conversions ("%d", "%2d", "%04d", ...), which take year, month, day, hour,
+/// minute and second in turn; "%%" is a percent sign. Anything else after a percent sign, more than six
+/// conversions, a null format, a time that is not finite or lies outside the years 1 to 9999: empty text.
+QString getFullTextTimeByTime(double seconds, bool timeOfDay, const char* gbkFormat);
 
 } // namespace utils

@@ -58,17 +58,19 @@ bool fillFormat(const char* format, const TimeFields& fields, QByteArray& text)
 
 } // namespace
 
-QString getFullTextTimeByTime(double seconds, bool exchangeClock, const char* gbkFormat)
+QString getFullTextTimeByTime(double seconds, bool timeOfDay, const char* gbkFormat)
 {
     constexpr auto kFirstSecond = static_cast<double>(daysFromCivil(1, 1, 1) * kSecondsPerDay);
     constexpr auto kEndSecond = static_cast<double>(daysFromCivil(10000, 1, 1) * kSecondsPerDay);
-    if (gbkFormat == nullptr || !std::isfinite(seconds))
+    if (!std::isfinite(seconds))
         return QString();
-    const double wall = std::floor(seconds) + static_cast<double>(exchangeClock ? kExchangeOffsetSeconds : 0);
+    const double wall = std::floor(seconds) + static_cast<double>(kExchangeOffsetSeconds);
     if (wall < kFirstSecond || wall >= kEndSecond)
         return QString();
+    if (timeOfDay)
+        return clockText(static_cast<std::int64_t>(std::floor(seconds)) * kMSecPerSecond, false);
     QByteArray text;
-    if (!fillFormat(gbkFormat, fieldsOf(static_cast<std::int64_t>(wall)), text))
+    if (gbkFormat == nullptr || !fillFormat(gbkFormat, fieldsOf(static_cast<std::int64_t>(wall)), text))
         return QString();
     QTextCodec* const codec = QTextCodec::codecForName("GBK");
     return codec == nullptr ? QString() : codec->toUnicode(text);
