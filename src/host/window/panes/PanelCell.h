@@ -1,18 +1,18 @@
 #pragma once
 
 #include "frame/CDepthModuleHeaderWidget.h"
-#include "platform/toolkit/CBaseWidget.h"
+#include "host/window/panes/Pane.h"
 
 namespace host {
 
-/// The place of one panel in the window: its header, and the answer to the header's wish for another mode
+/// A pane whose panel stands in a header: the header, and the answer to the header's wish for another mode
 /// (event 1396). Each header has a cell of its own, so that a wish reaches its own panel only. GUI thread.
-class PanelCell : public Zeb::CBaseWidget
+class PanelCell : public Pane
 {
     Q_OBJECT
 
 public:
-    explicit PanelCell(const QString& objectName, QWidget* parent = nullptr);
+    PanelCell(const QString& id, const QString& title, QWidget* parent);
 
     Kel::CDepthModuleHeaderWidget& header() { return *m_header; }
 

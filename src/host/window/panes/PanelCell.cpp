@@ -1,4 +1,4 @@
-#include "host/window/PanelCell.h"
+#include "host/window/panes/PanelCell.h"
 
 #include "records/EQueueMode.h"
 
@@ -10,8 +10,8 @@ constexpr int kEventModeWanted = 1396;
 
 } // namespace
 
-PanelCell::PanelCell(const QString& objectName, QWidget* parent)
-    : Zeb::CBaseWidget(objectName, parent), m_header(new Kel::CDepthModuleHeaderWidget(this))
+PanelCell::PanelCell(const QString& id, const QString& title, QWidget* parent)
+    : Pane(id, title, parent), m_header(new Kel::CDepthModuleHeaderWidget(this))
 {
     setContentWidget(m_header, 0, 0, true);
 }
@@ -28,7 +28,7 @@ bool PanelCell::handleEvent(int id, int first, int second, QString text, void* p
             return true;
         }
     }
-    return Zeb::CBaseWidget::handleEvent(id, first, second, text, pointer);
+    return Pane::handleEvent(id, first, second, text, pointer);
 }
 
 } // namespace host

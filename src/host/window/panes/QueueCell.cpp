@@ -1,13 +1,11 @@
-#include "host/window/QueueCell.h"
+#include "host/window/panes/QueueCell.h"
 
 #include "queue_view/CDepthOrderQueueWidget.h"
-
-#include <utility>
 
 namespace host {
 
 QueueCell::QueueCell(QWidget* parent)
-    : PanelCell(QStringLiteral("QueueCell"), parent), m_panel(new Kel::CDepthOrderQueueWidget(&header()))
+    : PanelCell(QStringLiteral("queue"), QStringLiteral("委托队列"), parent), m_panel(new Kel::CDepthOrderQueueWidget(&header()))
 {
     header().setWidget(m_panel);
     header().setDrawSplit(true);
@@ -16,11 +14,12 @@ QueueCell::QueueCell(QWidget* parent)
             return panel->handleEvent(id, first, second, text, pointer);
         });
     header().showQueueActionImage(true);
+    setWantedSize(QSize(700, 560));
 }
 
-void QueueCell::setTradeDate(boost::function<int()> tradeDate)
+void QueueCell::setTradeDate(const boost::function<int()>& tradeDate)
 {
-    m_panel->setCurrentTradeDateFunc(std::move(tradeDate));
+    m_panel->setCurrentTradeDateFunc(tradeDate);
 }
 
 void QueueCell::setInstrument(const QString& key)

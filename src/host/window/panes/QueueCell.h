@@ -1,10 +1,7 @@
 #pragma once
 
-#include "host/window/FeedHub.h"
-#include "host/window/PanelCell.h"
+#include "host/window/panes/PanelCell.h"
 #include "host/window/TerminalOptions.h"
-
-#include <boost/function.hpp>
 
 namespace Kel {
 class CDepthOrderQueueWidget;
@@ -25,19 +22,14 @@ public:
     Kel::CDepthOrderQueueWidget& panel() { return *m_panel; }
     const Kel::CDepthOrderQueueWidget& panel() const { return *m_panel; }
 
-    /// The trading date (20230201) that prices are coloured by. Set it before the first instrument.
-    void setTradeDate(boost::function<int()> tradeDate);
-
-    /// Empties the panel and shows another instrument, by its key.
-    void setInstrument(const QString& key);
+    void setTradeDate(const boost::function<int()>& tradeDate) override;
+    void setInstrument(const QString& key) override;
+    FeedHub::Receiver receiver() override;
 
     void setModes(const QueueModes& modes);
 
     /// The modes in force, by whatever way they were chosen.
     QueueModes modes() const;
-
-    /// What the panel takes of a feed; valid as long as the cell.
-    FeedHub::Receiver receiver();
 
 Q_SIGNALS:
     /// The header's buttons have changed the mode.

@@ -1,0 +1,51 @@
+#include "host/window/panes/InformationPane.h"
+
+#include "feed/archive/archived_notices.h"
+#include "feed/simulation/notices.h"
+#include "information/CInformationWidget.h"
+
+namespace host {
+
+InformationPane::InformationPane(QWidget* parent)
+    : Pane(QStringLiteral("information"), QStringLiteral("资讯"), parent),
+      m_panel(new Kel::CInformationWidget(this))
+{
+    setContentWidget(m_panel, 0, 0, true);
+    setWantedSize(QSize(700, 220));
+}
+
+void InformationPane::setSource(const DaySource& source)
+{
+    m_simulated = source.simulated;
+    m_seed = source.seed;
+    m_archive = source.archive;
+    m_key.clear(); // the same instrument of another source is another one
+}
+
+void InformationPane::setDay(const DayPtr& day)
+{
+    m_day = day;
+}
+
+/// A jump within the day changes nothing here: notices are those of the days before and of the morning.
+void InformationPane::setInstrument(const QString& key)
+{
+    if (key == m_key || !m_day)
+        return;
+    m_key = key;
+    m_panel->clear();
+    m_panel->clearTables();
+    m_panel->setStock(key);
+    m_panel->enableUi();
+    quoter::NoticeList notices;
+    if (m_simulated) {
+        notices = feed::simulatedNotices(m_day->detail, m_day->tradingDay, m_seed);
+    } else if (!m_archive.empty()) {
+        feed::ImportReport report;
+        feed::Error error;
+        feed::readArchivedNotices(m_archive, key.toStdString(), notices, report, error);
+    }
+    m_panel->onInfoNotice(key, notices);
+}
+
+} // namespace host

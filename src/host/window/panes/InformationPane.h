@@ -1,0 +1,39 @@
+#pragma once
+
+#include "host/window/panes/Pane.h"
+
+#include <cstdint>
+#include <string>
+
+namespace Kel {
+class CInformationWidget;
+}
+
+namespace host {
+
+/// Notices and local tables of the instrument. GUI thread.
+class InformationPane : public Pane
+{
+    Q_OBJECT
+
+public:
+    explicit InformationPane(QWidget* parent = nullptr);
+
+    Kel::CInformationWidget& panel() { return *m_panel; }
+
+    /// Where the notices come from: made up for a simulated source, read from an archive, none else.
+    void setSource(const DaySource& source);
+
+    void setDay(const DayPtr& day) override;
+    void setInstrument(const QString& key) override;
+
+private:
+    Kel::CInformationWidget* m_panel;
+    bool m_simulated = false;
+    std::uint64_t m_seed = 0;
+    std::string m_archive;
+    DayPtr m_day;
+    QString m_key;
+};
+
+} // namespace host

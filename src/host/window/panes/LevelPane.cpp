@@ -1,0 +1,66 @@
+#include "host/window/panes/LevelPane.h"
+
+#include "level_panels/CDepthEntrustStatusWidget.h"
+
+#include <QScrollArea>
+
+namespace host {
+
+namespace {
+
+constexpr int kStatusFive = 1;
+constexpr int kStatusTen = 2;
+constexpr int kLeastWidth = 170; // pixels; less cuts the volumes off
+
+} // namespace
+
+LevelPane::LevelPane(QWidget* parent)
+    : Pane(QStringLiteral("levels"), QStringLiteral("买卖盘"), parent),
+      m_panel(new Kel::CDepthEntrustStatusWidget(nullptr, true))
+{
+    // The rows keep their height; a low pane scrolls.
+    auto* room = new QScrollArea(this);
+    room->setObjectName(QStringLiteral("LevelRoom"));
+    room->setFrameShape(QFrame::NoFrame);
+    room->setWidgetResizable(true);
+    room->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    room->setWidget(m_panel);
+    room->setMinimumWidth(kLeastWidth);
+    setContentWidget(room, 0, 0, true);
+    fitHeight();
+    setWantedSize(QSize(260, m_panel->getMinimumSizeHeight()));
+}
+
+void LevelPane::setInstrument(const QString& key)
+{
+    m_panel->clear(true);
+    m_panel->setStock(key);
+    fitHeight();
+}
+
+void LevelPane::setTradeDate(const boost::function<int()>& tradeDate)
+{
+    m_panel->setCurrentTradeDateFunc(tradeDate);
+}
+
+FeedHub::Receiver LevelPane::receiver()
+{
+    FeedHub::Receiver receiver;
+    receiver.quotes = [panel = m_panel](int seq, int status, const quoter::QuoterBatch& batch) {
+        panel->quoterCallBack(seq, status, batch, true);
+    };
+    return receiver;
+}
+
+void LevelPane::setFiveLevels(bool five)
+{
+    m_panel->setLevelStatus(five ? kStatusFive : kStatusTen);
+    fitHeight();
+}
+
+void LevelPane::fitHeight()
+{
+    m_panel->setMinimumHeight(m_panel->getMinimumSizeHeight());
+}
+
+} // namespace host

@@ -1,0 +1,28 @@
+#include "host/window/panes/Pane.h"
+
+namespace host {
+
+namespace {
+
+constexpr QSize kLeast(120, 60); // pixels; less shows nothing of any panel
+
+} // namespace
+
+Pane::Pane(const QString& id, const QString& title, QWidget* parent)
+    : Zeb::CBaseWidget(QStringLiteral("Pane_") + id, parent), m_id(id), m_title(title)
+{
+}
+
+QSize Pane::minimumSizeHint() const
+{
+    return kLeast;
+}
+
+bool Pane::handleEvent(int id, int first, int second, QString text, void* pointer)
+{
+    if (m_answer && m_answer(*this, id, first, second, text))
+        return true;
+    return Zeb::CBaseWidget::handleEvent(id, first, second, text, pointer);
+}
+
+} // namespace host

@@ -1,0 +1,80 @@
+#include "host/window/panes/TicketPane.h"
+
+#include "host/window/panes/OrderTicket.h"
+#include "level_panels/CDepthConciseStyleEntrustStatusWidget.h"
+
+#include <QScrollArea>
+#include <QVBoxLayout>
+
+namespace host {
+
+namespace {
+
+constexpr int kStatusFive = 1;
+constexpr int kStatusTen = 2;
+constexpr int kHeadHeight = 34; // pixels: the head row and the lines, which the panel's own height leaves out
+constexpr int kLeastWidth = 210;
+
+} // namespace
+
+TicketPane::TicketPane(QWidget* parent)
+    : Pane(QStringLiteral("ticket"), QStringLiteral("盘口下单"), parent),
+      m_panel(new Kel::CDepthConciseStyleEntrustStatusWidget(nullptr, true)),
+      m_ticket(new OrderTicket)
+{
+    auto* column = new QWidget;
+    auto* layout = new QVBoxLayout(column);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(m_panel);
+    layout->addWidget(m_ticket);
+    layout->addStretch(1);
+    column->setMinimumWidth(kLeastWidth);
+    auto* room = new QScrollArea(this);
+    room->setObjectName(QStringLiteral("TicketRoom"));
+    room->setFrameShape(QFrame::NoFrame);
+    room->setWidgetResizable(true);
+    room->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    room->setWidget(column);
+    setContentWidget(room, 0, 0, true);
+    m_panel->setPairParamFunc([this](const QString& parameters) { m_ticket->take(parameters); });
+    fitHeight();
+    setWantedSize(QSize(290, 600));
+}
+
+void TicketPane::setInstrument(const QString& key)
+{
+    m_panel->clear(true);
+    m_panel->setStock(key);
+    fitHeight();
+    if (key != m_key)
+        m_ticket->clear(key);
+    m_key = key;
+}
+
+void TicketPane::setTradeDate(const boost::function<int()>& tradeDate)
+{
+    m_panel->setCurrentTradeDateFunc(tradeDate);
+}
+
+FeedHub::Receiver TicketPane::receiver()
+{
+    FeedHub::Receiver receiver;
+    receiver.quotes = [panel = m_panel](int seq, int status, const quoter::QuoterBatch& batch) {
+        panel->quoterCallBack(seq, status, batch, true);
+    };
+    return receiver;
+}
+
+void TicketPane::setFiveLevels(bool five)
+{
+    m_panel->setLevelStatus(five ? kStatusFive : kStatusTen);
+    fitHeight();
+}
+
+void TicketPane::fitHeight()
+{
+    m_panel->setFixedHeight(m_panel->getMinimumSizeHeight() + kHeadHeight);
+}
+
+} // namespace host
