@@ -130,6 +130,8 @@ DayPtr DayStore::simulate(std::size_t index, const feed::Progress& progress, std
     const auto day = std::make_shared<feed::InstrumentDay>();
     day->detail = exchange.settings().detail;
     day->tradingDay = exchange.settings().tradingDay;
+    // Without orders nothing else tells the whole ladder.
+    day->keepsLadders = quick() && exchange.settings().style == feed::FeedStyle::Level;
     constexpr int kSeconds = feed::hours::kClose - feed::hours::kStart;
     const int step = quick() ? kSimulationStep : kBusySimulationStep;
     for (int second = 0; second < kSeconds; second += step) {

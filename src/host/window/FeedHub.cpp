@@ -1,5 +1,7 @@
 #include "host/window/FeedHub.h"
 
+#include <boost/make_shared.hpp>
+
 #include <utility>
 
 namespace host {
@@ -7,6 +9,12 @@ namespace host {
 void FeedHub::add(Receiver receiver)
 {
     m_receivers.push_back(std::move(receiver));
+}
+
+void FeedHub::setInstrument(const nelservice::CInstrumentDetail& instrument)
+{
+    m_market = instrument.market;
+    m_code = instrument.code;
 }
 
 void FeedHub::onOrders(const std::string& key, int seq, int status, const Kel::MetaCacheDataWrapperPtr& batch)
@@ -32,9 +40,28 @@ void FeedHub::onDeals(const std::string& key, int seq, int status, const Kel::Me
 void FeedHub::onQuotes(const std::string&, int seq, int status, const quoter::QuoterBatch& batch)
 {
     m_records += static_cast<std::int64_t>(batch.size());
+    Kel::MetaCacheDataWrapperPtr named;
     for (const Receiver& receiver : m_receivers) {
         if (receiver.quotes)
             receiver.quotes(seq, status, batch);
+        if (!receiver.quoteBatches)
+            continue;
+        if (!named) {
+            named = boost::make_shared<Kel::MetaCacheDataWrapper>();
+            named->data = batch;
+            named->market = m_market;
+            named->instrument = m_code;
+        }
+        receiver.quoteBatches(seq, status, named);
+    }
+}
+
+void FeedHub::onLadders(const std::string&, int seq, int status, const Kel::MetaCacheDataWrapperPtr& batch)
+{
+    m_records += static_cast<std::int64_t>(batch->data.size());
+    for (const Receiver& receiver : m_receivers) {
+        if (receiver.ladders)
+            receiver.ladders(seq, status, batch);
     }
 }
 

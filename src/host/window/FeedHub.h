@@ -1,6 +1,7 @@
 #pragma once
 
 #include "feed/FeedSink.h"
+#include "records/CInstrumentDetail.h"
 
 #include <QString>
 
@@ -8,6 +9,7 @@
 
 #include <atomic>
 #include <cstdint>
+#include <string>
 #include <vector>
 
 namespace host {
@@ -25,9 +27,17 @@ public:
         boost::function<void(const QString& key, int seq, int status, const Kel::MetaCacheDataWrapperPtr&)>
             deals;
         boost::function<void(int seq, int status, const quoter::QuoterBatch&)> quotes;
+
+        /// The same quotes with their instrument.
+        boost::function<void(int seq, int status, const Kel::MetaCacheDataWrapperPtr&)> quoteBatches;
+
+        boost::function<void(int seq, int status, const Kel::MetaCacheDataWrapperPtr&)> ladders;
     };
 
     void add(Receiver receiver);
+
+    /// The instrument whose quotes come next. While nothing is delivered.
+    void setInstrument(const nelservice::CInstrumentDetail& instrument);
 
     /// Records delivered so far. Any thread.
     std::int64_t records() const { return m_records.load(); }
@@ -37,9 +47,13 @@ public:
     void onDeals(const std::string& key, int seq, int status,
                  const Kel::MetaCacheDataWrapperPtr& batch) override;
     void onQuotes(const std::string& key, int seq, int status, const quoter::QuoterBatch& batch) override;
+    void onLadders(const std::string& key, int seq, int status,
+                   const Kel::MetaCacheDataWrapperPtr& batch) override;
 
 private:
     std::vector<Receiver> m_receivers;
+    std::string m_market;
+    std::string m_code;
     std::atomic<std::int64_t> m_records{0};
 };
 

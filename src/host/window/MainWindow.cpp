@@ -2,19 +2,28 @@
 
 #include "host/window/InstrumentList.h"
 #include "host/window/MessageBar.h"
-#include "host/window/QueueCell.h"
 #include "host/window/ReplayBar.h"
 #include "host/window/TerminalActions.h"
+#include "host/window/panes/DealsPane.h"
+#include "host/window/panes/EntrustPane.h"
+#include "host/window/panes/InformationPane.h"
+#include "host/window/panes/LadderPane.h"
+#include "host/window/panes/LevelPane.h"
+#include "host/window/panes/QueueCell.h"
+#include "host/window/panes/TicketPane.h"
 #include "host/window/window_style.h"
+#include "host/window/workspace/Workspace.h"
+#include "host/window/workspace/layouts.h"
 #include "platform/resources/CUiResource.h"
+#include "platform/services/external_data.h"
 #include "platform/toolkit/style_sheets.h"
 #include "platform/utils/CSingletonT.h"
 #include "platform/utils/exchange_time.h"
 #include "queue_view/CDepthOrderQueueWidget.h"
 
 #include <QApplication>
+#include <QDockWidget>
 #include <QFileDialog>
-#include <QSplitter>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -23,10 +32,9 @@ namespace host {
 
 namespace {
 
-constexpr int kFollowMs = 100;    // between two looks at the replay's time
-constexpr int kListWidth = 310;   // pixels
-constexpr int kQueueWidth = 1000; // pixels
-constexpr QSize kUsualSize(1280, 800);
+constexpr int kFollowMs = 100; // between two looks at the replay's time
+constexpr QSize kUsualSize(1600, 960);
+const QString kTitle = QStringLiteral("深度行情终端");
 constexpr std::int64_t kUsualTimeOfDay = (9 * 60 + 30) * 60 * utils::kMSecPerSecond; // the open
 
 Zeb::CUiResource& theme()
@@ -40,27 +48,27 @@ MainWindow::MainWindow(const TerminalOptions& options)
     : m_options(options),
       m_player(std::make_unique<ReplayPlayer>(m_hub)),
       m_loader(std::make_unique<DayLoader>()),
-      m_splitter(new QSplitter(Qt::Horizontal)),
+      m_workspace(new Workspace(this)),
       m_list(new InstrumentList),
-      m_queue(new QueueCell),
       m_bar(new ReplayBar),
       m_messages(new MessageBar),
       m_actions(new TerminalActions(this))
 {
     setObjectName(QStringLiteral("MainWindow"));
-    setWindowTitle(QStringLiteral("逐笔委托队列"));
+    setWindowTitle(kTitle);
     theme().setTheme(options.theme);
     theme().setPriceColors(options.colors);
+    Kel::setExternalDataDir(options.externalData);
+    makePanes();
     makeLayout();
     applyStyle();
-    m_queue->setTradeDate([this] { return m_services.tradingDay(); });
-    m_hub.add(m_queue->receiver());
     connectLoader();
     connectReplay();
     connectActions();
-    m_queue->setModes(options.modes);
+    takeModes(options.modes);
     setSpeed(options.speed);
     resize(options.size.isEmpty() ? kUsualSize : options.size);
+    applyLayout(options.layout);
     m_list->setFocus();
 }
 
@@ -72,21 +80,41 @@ MainWindow::~MainWindow()
     delete takeCentralWidget();
 }
 
+template <class Made>
+Made* MainWindow::addPane()
+{
+    auto* pane = new Made;
+    pane->setTradeDate([this] { return m_services.tradingDay(); });
+    pane->setAnswer([this](Pane& from, int id, int first, int second, const QString& text) {
+        return m_wiring.answer(from, id, first, second, text);
+    });
+    m_hub.add(pane->receiver());
+    m_panes.push_back(pane);
+    m_workspace->add(pane->id(), pane->title(), pane);
+    return pane;
+}
+
+void MainWindow::makePanes()
+{
+    m_workspace->add(QStringLiteral("list"), QStringLiteral("品种"), m_list);
+    m_wiring.queue = addPane<QueueCell>();
+    m_wiring.ladder = addPane<LadderPane>();
+    m_wiring.deals = addPane<DealsPane>();
+    m_wiring.orders = addPane<EntrustPane>();
+    m_levels = addPane<LevelPane>();
+    m_ticket = addPane<TicketPane>();
+    m_information = addPane<InformationPane>();
+    m_actions->addPanes(m_workspace->toggles());
+}
+
 void MainWindow::makeLayout()
 {
-    m_splitter->setHandleWidth(1);
-    m_splitter->setChildrenCollapsible(false);
-    m_splitter->addWidget(m_list);
-    m_splitter->addWidget(m_queue);
-    m_splitter->setStretchFactor(1, 1);
-    m_splitter->setSizes({kListWidth, kQueueWidth});
-
     auto* central = new QWidget(this);
     auto* column = new QVBoxLayout(central);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
     column->addWidget(m_messages);
-    column->addWidget(m_splitter, 1);
+    column->addWidget(m_workspace, 1);
     column->addWidget(m_bar);
     setCentralWidget(central);
     setMinimumSize(smallestSize());
@@ -142,8 +170,15 @@ void MainWindow::connectReplay()
 
 void MainWindow::connectActions()
 {
-    connect(m_actions, &TerminalActions::modesChosen, m_queue, &QueueCell::setModes);
-    connect(m_queue, &QueueCell::modesChanged, this, [this] { m_actions->showModes(m_queue->modes()); });
+    connect(m_actions, &TerminalActions::modesChosen, this, &MainWindow::takeModes);
+    connect(m_wiring.queue, &QueueCell::modesChanged, this,
+            [this] { m_actions->showModes(m_wiring.queue->modes()); });
+    connect(m_actions, &TerminalActions::layoutChosen, this, &MainWindow::applyLayout);
+    connect(m_actions, &TerminalActions::copyAsked, this, &MainWindow::copySelection);
+    connect(m_actions, &TerminalActions::tableAsked, this, &MainWindow::exportTable);
+    connect(m_actions, &TerminalActions::pictureAsked, this, &MainWindow::exportPicture);
+    connect(m_actions, &TerminalActions::trackAsked, this, &MainWindow::trackOrder);
+    connect(m_actions, &TerminalActions::trackEndAsked, this, &MainWindow::endTracking);
     connect(m_actions, &TerminalActions::themeChosen, this,
             [](const QString& name) { theme().setTheme(name); });
     connect(m_actions, &TerminalActions::colorsChosen, this,
@@ -174,6 +209,7 @@ void MainWindow::openSource(const DaySource& source)
     m_starting = false;
     m_bar->setLoading(0, 0);
     m_loader->open(source);
+    m_nextSource = source;
 }
 
 void MainWindow::openFolder(bool archive)
@@ -198,6 +234,8 @@ void MainWindow::showDay(int index, const DayPtr& day)
     const bool goesOn = m_day && !m_sourceIsNew;
     const std::int64_t timeOfDay = utils::timeOfDayMs(m_player->now());
     const bool first = !m_day;
+    if (first || m_sourceIsNew)
+        m_information->setSource(m_nextSource);
     m_sourceIsNew = false;
     m_starting = false;
     m_day = day;
@@ -208,8 +246,8 @@ void MainWindow::showDay(int index, const DayPtr& day)
     m_bar->setLoaded();
     m_bar->setDay(m_range);
     m_list->setShown(index);
-    setWindowTitle(QString::fromStdString(day->detail.name + ' ' + day->detail.code) +
-                   QStringLiteral(" — 逐笔委托队列"));
+    setWindowTitle(QString::fromStdString(day->detail.name + ' ' + day->detail.code) + QStringLiteral(" — ") +
+                   kTitle);
     tellWhatIsMissing(*day);
     m_player->open(day, goesOn ? momentIn(m_range, timeOfDay) : firstMoment());
     if (first && m_options.playing)
@@ -236,7 +274,11 @@ std::int64_t MainWindow::firstMoment() const
 void MainWindow::onHalted(int number)
 {
     m_closeAsked = false;
-    m_queue->setInstrument(TerminalServices::keyOf(m_day->detail));
+    m_hub.setInstrument(m_day->detail);
+    for (Pane* pane : m_panes)
+        pane->setDay(m_day);
+    for (Pane* pane : m_panes)
+        pane->setInstrument(TerminalServices::keyOf(m_day->detail));
     m_player->begin(number);
 }
 
@@ -305,8 +347,8 @@ void MainWindow::followReplay()
     m_list->instruments().setMoment(now);
     if (!m_closeAsked && m_close >= 0 && now >= m_close) {
         m_closeAsked = true;
-        m_queue->panel().onPostTradeClosed(TerminalServices::keyOf(m_day->detail),
-                                           m_close / utils::kMSecPerSecond);
+        m_wiring.queue->panel().onPostTradeClosed(TerminalServices::keyOf(m_day->detail),
+                                                  m_close / utils::kMSecPerSecond);
     }
 }
 
@@ -317,6 +359,7 @@ void MainWindow::applyStyle()
     Zeb::giveSheet(this, windowStyleSheet());
     m_actions->showTheme(theme().theme());
     m_actions->showColors(theme().priceColors());
+    m_workspace->refreshIcons();
 }
 
 void MainWindow::themeChanged()

@@ -6,6 +6,7 @@
 #include "host/window/TerminalOptions.h"
 #include "host/window/TerminalServices.h"
 #include "host/window/day_moments.h"
+#include "host/window/workspace/panel_wiring.h"
 #include "platform/resources/CUiResourceChangeHandler.h"
 
 #include <QMainWindow>
@@ -13,19 +14,22 @@
 
 #include <cstdint>
 #include <memory>
-
-class QSplitter;
+#include <vector>
 
 namespace host {
 
+struct FileResult;
+class InformationPane;
 class InstrumentList;
+class LevelPane;
 class MessageBar;
-class QueueCell;
 class ReplayBar;
 class TerminalActions;
+class TicketPane;
+class Workspace;
 
-/// The terminal's window: instruments at the left, the order queue in its header, the replay below. It
-/// remembers nothing on disk. GUI thread.
+/// The terminal's window: the instruments and the panels of the chosen one in the panes of a workspace, the
+/// replay below. It remembers nothing on disk. GUI thread.
 class MainWindow : public QMainWindow, public Zeb::CUiResourceChangeHandler
 {
     Q_OBJECT
@@ -49,7 +53,12 @@ public:
     void setPlaying(bool playing);
 
     ReplayPlayer& player() { return *m_player; }
-    QueueCell& queue() { return *m_queue; }
+    QueueCell& queue() { return *m_wiring.queue; }
+    Workspace& workspace() { return *m_workspace; }
+    PanelWiring& panels() { return m_wiring; }
+    LevelPane& levels() { return *m_levels; }
+    TicketPane& ticket() { return *m_ticket; }
+    InformationPane& information() { return *m_information; }
     InstrumentList& list() { return *m_list; }
     ReplayBar& bar() { return *m_bar; }
     MessageBar& messages() { return *m_messages; }
@@ -72,7 +81,10 @@ Q_SIGNALS:
     void startFailed(const QString& reason);
 
 private:
+    void makePanes();
     void makeLayout();
+    template <class Made>
+    Made* addPane();
     void connectLoader();
     void connectReplay();
     void connectActions();
@@ -87,6 +99,14 @@ private:
     void stepSpeed(int step);
     void setSpeed(double speed);
     void openFolder(bool archive);
+    void takeModes(const QueueModes& modes);
+    void applyLayout(const QString& id);
+    void copySelection();
+    void exportTable(bool gbk);
+    void exportPicture();
+    void trackOrder();
+    void endTracking();
+    void tellResult(const FileResult& result);
     std::int64_t firstMoment() const;
 
     TerminalOptions m_options;
@@ -94,14 +114,19 @@ private:
     FeedHub m_hub;
     std::unique_ptr<ReplayPlayer> m_player;
     std::unique_ptr<DayLoader> m_loader;
-    QSplitter* m_splitter;
+    Workspace* m_workspace;
     InstrumentList* m_list;
-    QueueCell* m_queue;
+    std::vector<Pane*> m_panes; ///< in the order of making
+    PanelWiring m_wiring;
+    LevelPane* m_levels = nullptr;
+    TicketPane* m_ticket = nullptr;
+    InformationPane* m_information = nullptr;
     ReplayBar* m_bar;
     MessageBar* m_messages;
     TerminalActions* m_actions;
     QTimer m_follow;
 
+    DaySource m_nextSource; ///< the one that was opened last
     DayPtr m_day;
     DayRange m_range;
     int m_index = -1;           ///< row of the day in the list

@@ -1,5 +1,7 @@
 #include "host/window/TerminalActions.h"
 
+#include "host/window/workspace/layouts.h"
+
 #include <QAbstractButton>
 #include <QAction>
 #include <QActionGroup>
@@ -34,6 +36,7 @@ TerminalActions::TerminalActions(QMainWindow* window) : QObject(window), m_windo
     makeFileMenu();
     makeReplayMenu();
     makeModeMenu();
+    makePaneMenu();
     makeLookMenu();
     makeToolBar();
     qApp->installEventFilter(this);
@@ -166,6 +169,39 @@ void TerminalActions::makeLookMenu()
               QStringLiteral("Alt+3"));
 }
 
+void TerminalActions::makePaneMenu()
+{
+    QMenu* menu = m_window->menuBar()->addMenu(QStringLiteral("窗格(&W)"));
+    int number = 0;
+    for (const Layout& layout : shippedLayouts()) {
+        const QString key = QStringLiteral("Ctrl+Shift+%1").arg(++number);
+        QAction* action = add(menu, "", layout.title, key);
+        action->setObjectName(QStringLiteral("layout_") + layout.id);
+        connect(action, &QAction::triggered, this, [this, id = layout.id] { Q_EMIT layoutChosen(id); });
+    }
+    menu->addSeparator();
+    connect(add(menu, "copy", QStringLiteral("复制选中行"), QStringLiteral("Ctrl+C")), &QAction::triggered,
+            this, &TerminalActions::copyAsked);
+    connect(add(menu, "csvUtf8", QStringLiteral("导出 CSV（UTF-8）…"), QStringLiteral("Ctrl+E")),
+            &QAction::triggered, this, [this] { Q_EMIT tableAsked(false); });
+    connect(add(menu, "csvGbk", QStringLiteral("导出 CSV（GBK）…"), QStringLiteral("Ctrl+Shift+E")),
+            &QAction::triggered, this, [this] { Q_EMIT tableAsked(true); });
+    connect(add(menu, "picture", QStringLiteral("导出图片…"), QStringLiteral("Ctrl+P")), &QAction::triggered,
+            this, &TerminalActions::pictureAsked);
+    menu->addSeparator();
+    connect(add(menu, "track", QStringLiteral("跟踪委托…"), QStringLiteral("Ctrl+K")), &QAction::triggered,
+            this, &TerminalActions::trackAsked);
+    connect(add(menu, "trackEnd", QStringLiteral("结束跟踪"), QStringLiteral("Ctrl+Shift+K")),
+            &QAction::triggered, this, &TerminalActions::trackEndAsked);
+    menu->addSeparator();
+    m_paneMenu = menu;
+}
+
+void TerminalActions::addPanes(const QList<QAction*>& toggles)
+{
+    m_paneMenu->addActions(toggles);
+}
+
 void TerminalActions::makeToolBar()
 {
     QToolBar* bar = m_window->addToolBar(QStringLiteral("工具栏"));
@@ -180,6 +216,9 @@ void TerminalActions::makeToolBar()
                                        Kel::eQueueDetailVertical, Kel::eQueueDetailList})
         bar->addAction(action(modeName(mode)));
     bar->addAction(action(QStringLiteral("full")));
+    bar->addSeparator();
+    for (const Layout& layout : shippedLayouts())
+        bar->addAction(action(QStringLiteral("layout_") + layout.id));
     bar->addSeparator();
     bar->addAction(action(QStringLiteral("otherTheme")));
 }

@@ -28,10 +28,19 @@ public:
     void showColors(Zeb::EPriceColors colors);
     void showPlaying(bool playing);
 
+    /// Lists what shows and hides the panes.
+    void addPanes(const QList<QAction*>& toggles);
+
     /// The action of this object name, as in the list of the menus; null for another.
     QAction* action(const QString& name) const;
 
 Q_SIGNALS:
+    void layoutChosen(const QString& id);
+    void copyAsked();
+    void tableAsked(bool gbk);
+    void pictureAsked();
+    void trackAsked();
+    void trackEndAsked();
     void modesChosen(const host::QueueModes& modes);
     void themeChosen(const QString& theme);
     void colorsChosen(Zeb::EPriceColors colors);
@@ -55,11 +64,13 @@ private:
     void makeReplayMenu();
     void makeModeMenu();
     void makeLookMenu();
+    void makePaneMenu();
     void makeToolBar();
     void takeMode(Kel::EQueueMode mode);
 
     QMainWindow* m_window;
     QueueModes m_modes;
+    QMenu* m_paneMenu = nullptr;
 };
 
 } // namespace host

@@ -37,7 +37,9 @@ struct TerminalOptions
     QString theme = QStringLiteral("dark");
     Zeb::EPriceColors colors = Zeb::EPriceColors::eRedUp;
     QueueModes modes;
-    QSize size; ///< of the window, pixels at 100 %; empty for the usual one
+    QString layout = QStringLiteral("queue"); ///< id of a shipped one
+    QString externalData;                     ///< folder of local information files; empty for none
+    QSize size;                               ///< of the window, pixels at 100 %; empty for the usual one
 
     QString shot;             ///< file of a picture; empty for a window
     double scale = 1;         ///< of the picture

@@ -2,7 +2,7 @@
 
 #include "host/commands/commands.h"
 #include "host/window/MainWindow.h"
-#include "host/window/QueueCell.h"
+#include "host/window/panes/QueueCell.h"
 #include "queue_view/CDepthOrderQueueWidget.h"
 
 #include <QCoreApplication>

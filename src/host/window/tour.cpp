@@ -3,7 +3,7 @@
 #include "host/commands/commands.h"
 #include "host/window/InstrumentList.h"
 #include "host/window/MainWindow.h"
-#include "host/window/QueueCell.h"
+#include "host/window/panes/QueueCell.h"
 #include "platform/resources/CUiResource.h"
 #include "platform/utils/CSingletonT.h"
 #include "platform/utils/exchange_time.h"

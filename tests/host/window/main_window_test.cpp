@@ -6,7 +6,7 @@
 #include "host/window/DaySlider.h"
 #include "host/window/InstrumentList.h"
 #include "host/window/MessageBar.h"
-#include "host/window/QueueCell.h"
+#include "host/window/panes/QueueCell.h"
 #include "host/window/ReplayBar.h"
 #include "host/window/TerminalActions.h"
 #include "host/window/WindowFixture.h"

@@ -1,6 +1,6 @@
 // The queue panel wired into its header, and the answer to the header's wishes.
 
-#include "host/window/QueueCell.h"
+#include "host/window/panes/QueueCell.h"
 
 #include "frame/CDepthModuleGroupBaseWidget.h"
 #include "host/window/TerminalOptions.h"

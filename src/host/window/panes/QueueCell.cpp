@@ -5,7 +5,8 @@
 namespace host {
 
 QueueCell::QueueCell(QWidget* parent)
-    : PanelCell(QStringLiteral("queue"), QStringLiteral("委托队列"), parent), m_panel(new Kel::CDepthOrderQueueWidget(&header()))
+    : PanelCell(QStringLiteral("queue"), QStringLiteral("委托队列"), parent),
+      m_panel(new Kel::CDepthOrderQueueWidget(&header()))
 {
     header().setWidget(m_panel);
     header().setDrawSplit(true);

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "host/window/panes/PanelCell.h"
 #include "host/window/TerminalOptions.h"
+#include "host/window/panes/PanelCell.h"
 
 namespace Kel {
 class CDepthOrderQueueWidget;

@@ -1,0 +1,64 @@
+#include "host/window/workspace/PaneTitle.h"
+
+#include "host/window/bar_icons.h"
+
+#include <QDockWidget>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QToolButton>
+
+namespace host {
+
+namespace {
+
+constexpr int kHeight = 22; // pixels
+constexpr int kMargin = 8;
+constexpr int kButton = 18;
+constexpr int kIcon = 12;
+
+} // namespace
+
+PaneTitle::PaneTitle(QDockWidget* dock)
+    : QWidget(dock),
+      m_name(new QLabel(dock->windowTitle(), this)),
+      m_float(addButton(QStringLiteral("PaneFloat"), QStringLiteral("浮动或放回"))),
+      m_close(addButton(QStringLiteral("PaneClose"), QStringLiteral("关闭窗格")))
+{
+    setObjectName(QStringLiteral("PaneTitle"));
+    setAttribute(Qt::WA_StyledBackground);
+    setFixedHeight(kHeight);
+    m_name->setTextFormat(Qt::PlainText);
+    // A narrow pane cuts its name, not the other way about.
+    m_name->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    m_name->setMinimumWidth(1);
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins(kMargin, 0, 2, 0);
+    row->setSpacing(1);
+    row->addWidget(m_name, 1);
+    row->addWidget(m_float);
+    row->addWidget(m_close);
+    connect(m_float, &QToolButton::clicked, dock, [dock] { dock->setFloating(!dock->isFloating()); });
+    connect(m_close, &QToolButton::clicked, dock, &QWidget::close);
+    connect(dock, &QWidget::windowTitleChanged, m_name, &QLabel::setText);
+    refreshIcons();
+}
+
+QToolButton* PaneTitle::addButton(const QString& name, const QString& tip)
+{
+    auto* button = new QToolButton(this);
+    button->setObjectName(name);
+    button->setToolTip(tip);
+    button->setAccessibleName(tip);
+    button->setFixedSize(kButton, kButton);
+    button->setIconSize(QSize(kIcon, kIcon));
+    button->setFocusPolicy(Qt::NoFocus); // the panes' menu does the same by keys
+    return button;
+}
+
+void PaneTitle::refreshIcons()
+{
+    m_float->setIcon(floatIcon());
+    m_close->setIcon(closeIcon());
+}
+
+} // namespace host

@@ -1,0 +1,159 @@
+#include "host/window/workspace/Workspace.h"
+
+#include "host/window/workspace/PaneTitle.h"
+#include "host/window/workspace/layouts.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QDockWidget>
+#include <QTimer>
+
+#include <algorithm>
+
+namespace host {
+
+Workspace::Workspace(QWidget* parent) : QMainWindow(parent, Qt::Widget)
+{
+    setObjectName(QStringLiteral("Workspace"));
+    setDockOptions(AllowNestedDocks | AllowTabbedDocks | GroupedDragging);
+    setTabPosition(Qt::AllDockWidgetAreas, QTabWidget::North);
+    setDocumentMode(true);
+    setContextMenuPolicy(Qt::NoContextMenu); // the window's menu lists the panes
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { rememberFocus(now); });
+}
+
+QDockWidget* Workspace::add(const QString& id, const QString& title, QWidget* widget)
+{
+    auto* dock = new QDockWidget(title, this);
+    dock->setObjectName(QStringLiteral("Dock_") + id);
+    dock->setProperty("pane", id);
+    dock->setWidget(widget);
+    dock->setTitleBarWidget(new PaneTitle(dock));
+    addDockWidget(Qt::LeftDockWidgetArea, dock);
+    dock->hide();
+    m_docks.push_back(dock);
+    return dock;
+}
+
+QDockWidget* Workspace::dock(const QString& id) const
+{
+    const auto found = std::find_if(m_docks.begin(), m_docks.end(),
+                                    [&id](QDockWidget* dock) { return dock->property("pane") == id; });
+    return found == m_docks.end() ? nullptr : *found;
+}
+
+QList<QAction*> Workspace::toggles() const
+{
+    QList<QAction*> actions;
+    for (QDockWidget* dock : m_docks)
+        actions.append(dock->toggleViewAction());
+    return actions;
+}
+
+void Workspace::apply(const Layout& layout)
+{
+    for (QDockWidget* dock : m_docks) {
+        dock->setFloating(false);
+        removeDockWidget(dock);
+    }
+    // First the columns, by the first pane of each, then what stands below, then the tabs.
+    QDockWidget* left = nullptr;
+    for (const LayoutColumn& column : layout.columns) {
+        QDockWidget* head = dock(column.cells.front().panes.front());
+        if (!head)
+            continue;
+        if (left)
+            splitDockWidget(left, head, Qt::Horizontal);
+        else
+            addDockWidget(Qt::LeftDockWidgetArea, head);
+        head->show();
+        left = head;
+    }
+    for (const LayoutColumn& column : layout.columns) {
+        QDockWidget* above = nullptr;
+        for (const LayoutCell& cell : column.cells) {
+            QDockWidget* front = dock(cell.panes.front());
+            if (!front)
+                continue;
+            if (above)
+                splitDockWidget(above, front, Qt::Vertical);
+            front->show();
+            above = front;
+            for (const QString& id : cell.panes) {
+                QDockWidget* pane = dock(id);
+                if (!pane || pane == front)
+                    continue;
+                tabifyDockWidget(front, pane);
+                pane->show();
+            }
+            front->raise();
+        }
+    }
+    m_layout = &layout;
+    share();
+}
+
+/// Gives columns and cells their shares of the room.
+void Workspace::share()
+{
+    if (!m_layout)
+        return;
+    QList<QDockWidget*> heads;
+    QList<int> widths;
+    for (const LayoutColumn& column : m_layout->columns) {
+        QDockWidget* head = dock(column.cells.front().panes.front());
+        if (!head)
+            continue;
+        heads.append(head);
+        widths.append(width() * column.share / 100);
+        QList<QDockWidget*> fronts;
+        QList<int> heights;
+        for (const LayoutCell& cell : column.cells) {
+            if (QDockWidget* front = dock(cell.panes.front())) {
+                fronts.append(front);
+                heights.append(height() * cell.share / 100);
+            }
+        }
+        resizeDocks(fronts, heights, Qt::Vertical);
+    }
+    resizeDocks(heads, widths, Qt::Horizontal);
+}
+
+void Workspace::resizeEvent(QResizeEvent* event)
+{
+    QMainWindow::resizeEvent(event);
+    // Until the workspace is seen nobody has set borders of their own.
+    if (!isVisible())
+        share();
+}
+
+void Workspace::showEvent(QShowEvent* event)
+{
+    QMainWindow::showEvent(event);
+    if (!event->spontaneous())
+        QTimer::singleShot(0, this, &Workspace::share); // once the first room is known
+}
+
+void Workspace::rememberFocus(QWidget* now)
+{
+    for (QWidget* widget = now; widget; widget = widget->parentWidget()) {
+        auto* dock = qobject_cast<QDockWidget*>(widget);
+        if (dock && std::find(m_docks.begin(), m_docks.end(), dock) != m_docks.end()) {
+            m_current = dock;
+            return;
+        }
+    }
+}
+
+Pane* Workspace::currentPane() const
+{
+    return m_current && m_current->isVisible() ? qobject_cast<Pane*>(m_current->widget()) : nullptr;
+}
+
+void Workspace::refreshIcons()
+{
+    for (QDockWidget* dock : m_docks)
+        static_cast<PaneTitle*>(dock->titleBarWidget())->refreshIcons();
+}
+
+} // namespace host

@@ -1,0 +1,54 @@
+#pragma once
+
+#include "host/window/panes/Pane.h"
+
+#include <QMainWindow>
+
+#include <vector>
+
+class QDockWidget;
+
+namespace host {
+
+struct Layout;
+
+/// Panes in docks: side by side, as tabs, or floating in windows of their own. GUI thread.
+class Workspace : public QMainWindow
+{
+    Q_OBJECT
+
+public:
+    explicit Workspace(QWidget* parent = nullptr);
+
+    /// Takes a widget in as a pane named `id`; hidden until a layout or the menu shows it.
+    QDockWidget* add(const QString& id, const QString& title, QWidget* widget);
+
+    /// Null for an unknown id.
+    QDockWidget* dock(const QString& id) const;
+
+    /// Shows and hides a pane each, checked while it is shown; in the order of adding.
+    QList<QAction*> toggles() const;
+
+    /// Brings all panes to their places. Ids that are no pane's are passed over. The layout must outlive the
+    /// workspace.
+    void apply(const Layout& layout);
+
+    /// The pane that had the focus last, if it is shown; null otherwise.
+    Pane* currentPane() const;
+
+    void refreshIcons();
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+
+private:
+    void share();
+    void rememberFocus(QWidget* now);
+
+    std::vector<QDockWidget*> m_docks;
+    const Layout* m_layout = nullptr; ///< the one that was applied last
+    QDockWidget* m_current = nullptr;
+};
+
+} // namespace host

@@ -1,0 +1,65 @@
+#include "host/window/workspace/pane_files.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QPixmap>
+#include <QProgressDialog>
+#include <QSaveFile>
+
+namespace host {
+
+namespace {
+
+constexpr int kPatienceMs = 400; // a shorter writing shows no window
+
+FileResult failed(const QString& file, const QString& reason)
+{
+    return {false,
+            QStringLiteral("无法写入 ") + QDir::toNativeSeparators(file) + QStringLiteral("：") + reason};
+}
+
+FileResult finish(QSaveFile& target)
+{
+    const QString file = target.fileName();
+    if (!target.commit())
+        return failed(file, target.errorString());
+    return {true, QStringLiteral("已导出 ") + QDir::toNativeSeparators(file)};
+}
+
+} // namespace
+
+FileResult writeTable(const PaneTable& table, const QString& file, bool gbk, QWidget* window)
+{
+    QSaveFile target(file);
+    if (!target.open(QIODevice::WriteOnly))
+        return failed(file, target.errorString());
+    QProgressDialog progress(QStringLiteral("正在导出") + table.name, QStringLiteral("取消"), 0, 1, window);
+    progress.setWindowModality(Qt::WindowModal);
+    progress.setMinimumDuration(kPatienceMs);
+    const bool complete = table.write(target, gbk, [&progress](int rows, int all) {
+        progress.setMaximum(all);
+        progress.setValue(rows);
+        return !progress.wasCanceled();
+    });
+    if (!complete) {
+        const QString reason = target.errorString();
+        target.cancelWriting();
+        return progress.wasCanceled() ? FileResult() : failed(file, reason);
+    }
+    return finish(target);
+}
+
+FileResult writePicture(QWidget& pane, const QString& file)
+{
+    QSaveFile target(file);
+    if (!target.open(QIODevice::WriteOnly))
+        return failed(file, target.errorString());
+    if (!pane.grab().save(&target, "PNG")) {
+        const QString reason = target.errorString();
+        target.cancelWriting();
+        return failed(file, reason);
+    }
+    return finish(target);
+}
+
+} // namespace host
