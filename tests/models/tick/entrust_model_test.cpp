@@ -53,6 +53,14 @@ protected:
     CModelDepthEntrust m_model;
 };
 
+Ints numbers(const std::vector<boost::shared_ptr<DepthOrderData>>& orders)
+{
+    Ints found;
+    for (const auto& order : orders)
+        found.push_back(order->orderNo);
+    return found;
+}
+
 SDepthFilterParam onlySides(bool buy, bool sell, bool unbuy, bool unsell)
 {
     SDepthFilterParam param;
@@ -300,13 +308,13 @@ TEST_F(EntrustModel, FindOrdersComparesTimeOfDayPriceLotsSideAndKind)
             order(5, 1, 10, 100, at(10, 0, 0), 2), order(6, 1, 10, 100, at(10, 0, 0, 999)),
             order(7, 1, 10, 100, at(10, 0, 1)), order(8, 1, 10, 100, at(10, 0, 0) + day)});
     const int ten = 10 * 3600 * 1000;
-    EXPECT_EQ(m_model.findOrders(ten, 10, 1, 1), (Ints{0, 5, 7}));
-    EXPECT_EQ(m_model.findOrders(ten, 10.000000001, 1, 1), (Ints{})) << "the comparison is exact";
-    EXPECT_EQ(m_model.findOrders(ten + 1, 10, 1, 1), (Ints{}));
-    EXPECT_EQ(m_model.findOrders(-1000, 10, 1, 1), (Ints{}));
-    EXPECT_EQ(m_model.findOrders(86400000, 10, 1, 1), (Ints{}));
+    EXPECT_EQ(numbers(m_model.findOrders(ten, 10, 1, 1)), (Ints{1, 6, 8}));
+    EXPECT_EQ(numbers(m_model.findOrders(ten, 10.000000001, 1, 1)), (Ints{})) << "the comparison is exact";
+    EXPECT_EQ(numbers(m_model.findOrders(ten + 1, 10, 1, 1)), (Ints{}));
+    EXPECT_EQ(numbers(m_model.findOrders(-1000, 10, 1, 1)), (Ints{}));
+    EXPECT_EQ(numbers(m_model.findOrders(86400000, 10, 1, 1)), (Ints{}));
     m_model.setFilterParam(onlySides(false, true, true, true));
-    EXPECT_EQ(m_model.findOrders(ten, 10, 1, 2), (Ints{0}));
+    EXPECT_EQ(numbers(m_model.findOrders(ten, 10, 1, 2)), (Ints{2}));
 }
 
 TEST_F(EntrustModel, ClearDropsTheRowsAndKeepsInstrumentAndFilter)
