@@ -4,7 +4,7 @@
 #include "feed/import/importDay.h"
 #include "feed/record_making.h"
 #include "host/DayTimeline.h"
-#include "platform/models/ladder_units.h"
+#include "platform/models/tick_values.h"
 
 #include <gtest/gtest.h>
 
@@ -23,7 +23,7 @@ std::string published(const Prices& prices, const Volumes& volumes, const Counts
 {
     std::ostringstream out;
     for (std::size_t i = 0; i < kLevels && prices[i] != 0; ++i)
-        out << prices[i] << ':' << Kel::toLots(volumes[i], 100) << '/' << counts[i] << ' ';
+        out << prices[i] << ':' << Kel::lotsFromShares(volumes[i], 100) << '/' << counts[i] << ' ';
     return out.str();
 }
 

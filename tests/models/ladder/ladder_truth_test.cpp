@@ -7,7 +7,7 @@
 #include "feed/record_making.h"
 #include "feed/simulation/Random.h"
 #include "feed/simulation/SimulatedExchange.h"
-#include "platform/models/ladder_units.h"
+#include "platform/models/tick_values.h"
 
 #include <gtest/gtest.h>
 
@@ -232,7 +232,7 @@ private:
             const Kel::EntrustData& row = *shown[isBuy ? count - 1 - i : i];
             if (std::abs(row.price - rows[i].price) > 1e-6 ||
                 row.volume !=
-                    Kel::toLots(rows[i].volume, static_cast<int>(m_exchange.settings().volumeUnit)) ||
+                    Kel::lotsFromShares(rows[i].volume, static_cast<int>(m_exchange.settings().volumeUnit)) ||
                 row.orderCount != static_cast<int>(rows[i].orders.size()))
                 return "row " + std::to_string(i) + " of " + (isBuy ? "buys " : "sells ") +
                        std::to_string(row.price) + " " + std::to_string(row.volume) + "\n";
