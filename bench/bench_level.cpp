@@ -6,6 +6,7 @@
 #include "level_panels/CDepthConciseStyleEntrustStatusWidget.h"
 #include "level_panels/CDepthEntrustStatusWidget.h"
 #include "platform/services/CStockManager.h"
+#include "platform/services/RPCEngine.h"
 #include "platform/services/external_data.h"
 #include "platform/toolkit/CStandardTable.h"
 #include "platform/utils/CSingletonT.h"
@@ -115,6 +116,7 @@ void scrollNotices(benchmark::State& state)
 }
 BENCHMARK(scrollNotices)->Unit(benchmark::kMillisecond);
 
+/// Notices that come together, until they are seen.
 void addNotices(benchmark::State& state)
 {
     addStock();
@@ -125,15 +127,61 @@ void addNotices(benchmark::State& state)
         notices.append(notice);
     }
     Kel::CInformationWidget panel;
+    panel.resize(640, 400);
+    panel.show();
     panel.setStock("SH600999");
+    panel.handleEvent(302, 4, 1, QString(), nullptr);
+    QImage picture(panel.size(), QImage::Format_ARGB32_Premultiplied);
     for (auto _ : state) {
         panel.slotNotices("SH600999", notices);
+        QApplication::processEvents();
+        panel.render(&picture);
         state.PauseTiming();
         panel.clearTables();
         state.ResumeTiming();
     }
 }
 BENCHMARK(addNotices)->Arg(100)->Arg(1000)->Arg(kNotices)->Unit(benchmark::kMillisecond);
+
+/// Opens what a reader thread does to the benchmark.
+class ReadingPanel : public Kel::CInformationWidget
+{
+public:
+    using CInformationWidget::readLocalInformation;
+};
+
+/// What the GUI thread does when a file of so many rows was read: the table and its picture.
+void showLocalFile(benchmark::State& state)
+{
+    addStock();
+    QTemporaryDir directory;
+    Kel::setExternalDataDir(directory.path());
+    const QString folder = Kel::localInformationDirectory("SH", "600999");
+    QDir().mkpath(folder);
+    QFile file(folder + "/a.csv");
+    file.open(QIODevice::WriteOnly);
+    file.write("日期,名称,价格,数量,金额\n");
+    for (int row = 0; row < state.range(0); ++row)
+        file.write("2023-02-01,持股名称甲乙," + QByteArray::number(row) + ".25,12,1234567.89\n");
+    file.close();
+    ReadingPanel panel;
+    panel.resize(640, 400);
+    panel.show();
+    panel.setStock("SH600999");
+    panel.handleEvent(302, 4, 3, QString(), nullptr);
+    QImage picture(panel.size(), QImage::Format_ARGB32_Premultiplied);
+    for (auto _ : state) {
+        state.PauseTiming();
+        panel.clear();
+        panel.clearTables();
+        panel.setStock("SH600999");
+        panel.readLocalInformation("SH600999");
+        state.ResumeTiming();
+        QApplication::processEvents();
+        panel.render(&picture);
+    }
+}
+BENCHMARK(showLocalFile)->Arg(1000)->Arg(1000000)->Unit(benchmark::kMillisecond);
 
 void readLocalFile(benchmark::State& state)
 {
@@ -157,6 +205,7 @@ void readLocalFile(benchmark::State& state)
         local.read("SH600999");
         state.PauseTiming();
         local.clear();
+        net::RPCEngine::drain("data_release"); // which frees what the next round would wait for
         state.ResumeTiming();
     }
     state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations()) * bytes.size());

@@ -2,22 +2,19 @@
 
 #include "information/CMultiThreadDataModel.h"
 #include "information/LocalTableModel.h"
+#include "information/ReaderThreads.h"
 #include "platform/services/CStockManager.h"
+#include "platform/toolkit/CComboBox.h"
 #include "platform/toolkit/CStandardTable.h"
 #include "platform/toolkit/CWidgetList.h"
 #include "platform/utils/CSingletonT.h"
-#include "platform/utils/Log.h"
 #include "platform/utils/market_predicates.h"
 
 #include <QTimer>
 #include <QWheelEvent>
 
 #include <boost/make_shared.hpp>
-#include <boost/thread/exceptions.hpp>
 #include <boost/thread/lock_guard.hpp>
-#include <boost/thread/thread.hpp>
-
-#include <exception>
 
 namespace Kel {
 
@@ -28,6 +25,7 @@ constexpr int kRequestDelay = 5000; // ms from a change of instrument to the rea
 constexpr int kEventSwallowed = 227;
 constexpr int kSwallowedFirst = 3;
 constexpr int kMostSwallowedSecond = 3;
+constexpr int kEventChosen = 70; // in the chooser of files, which is nobody else's
 constexpr int kEventPage = 302;
 constexpr int kPageFirst = 4;
 constexpr int kAnnouncementsPage = 1;
@@ -36,32 +34,11 @@ constexpr int kLocalPage = 3;
 
 using Lock = boost::lock_guard<boost::mutex>;
 
-/// Runs `job` on a thread of its own. Where no thread or no memory is left the job is not done, which is
-/// logged.
-template <class Job>
-void runDetached(Job job)
-{
-    const auto guarded = [job] {
-        try {
-            job();
-        } catch (const std::exception& error) {
-            DEPTH_LOG(utils::kLogError, "CInformationWidget",
-                      boost::format("local information not read: %1%") % error.what());
-        }
-    };
-    try {
-        boost::thread(guarded).detach();
-    } catch (const boost::thread_resource_error& error) {
-        DEPTH_LOG(utils::kLogError, "CInformationWidget",
-                  boost::format("local information not read: %1%") % error.what());
-    }
-}
-
 /// Counts a request and starts the thread that reads for it.
 void startReading(const std::shared_ptr<LocalInformation>& local, const QString& code)
 {
     ++local->requestCount;
-    runDetached([local, code] { local->read(code); });
+    ReaderThreads::instance().start([local, code] { local->read(code); });
 }
 
 } // namespace
@@ -76,7 +53,8 @@ CInformationWidget::CInformationWidget(QWidget* parent)
     m_requestTimer = new QTimer(this);
     m_requestTimer->setInterval(kRequestDelay);
     connect(m_requestTimer, &QTimer::timeout, this, &CInformationWidget::slotRequestTimeOut);
-    connect(this, &CInformationWidget::sigNotices, this, &CInformationWidget::slotNotices);
+    connect(this, &CInformationWidget::sigNotices, this, &CInformationWidget::slotNotices,
+            Qt::QueuedConnection);
     m_local->setListener([this](const QString& code, const LocalTablesPtr& tables) {
         QMetaObject::invokeMethod(
             this, [this, code, tables] { showLocalTables(code, tables); }, Qt::QueuedConnection);
@@ -85,8 +63,8 @@ CInformationWidget::CInformationWidget(QWidget* parent)
 
 CInformationWidget::~CInformationWidget()
 {
-    // Readers go on with what they own, and have nobody to tell any more.
-    m_local->setListener({});
+    // Readers own what they write to; nobody wants it any more.
+    m_local->end();
     disconnect();
     m_dataModel.reset();
 }
@@ -163,6 +141,8 @@ bool CInformationWidget::handleEvent(int id, int first, int second, QString text
         markTab();
         return true;
     }
+    if (id == kEventChosen && first == m_fileChooser->id())
+        return true;
     if (id == kEventSwallowed && first == kSwallowedFirst && second <= kMostSwallowedSecond)
         return true;
     return Zeb::CBaseWidget::handleEvent(id, first, second, text, pointer);
@@ -214,7 +194,7 @@ void CInformationWidget::slotRequestTimeOut()
         return;
     }
     // A hidden panel leaves even the start of the thread to another one.
-    runDetached([local = m_local, code = getStock()] { startReading(local, code); });
+    ReaderThreads::instance().start([local = m_local, code = getStock()] { startReading(local, code); });
 }
 
 void CInformationWidget::readLocalInformation(const QString& code)

@@ -16,9 +16,11 @@
 
 Q_DECLARE_METATYPE(boost::shared_ptr<quoter::Notice>)
 
+class QAbstractItemModel;
 class QTimer;
 
 namespace Zeb {
+class CBaseTableColumnSimpleTextDelegate;
 class CComboBox;
 class CPushButton;
 class CStandardTable;
@@ -142,17 +144,20 @@ private:
     void showPage(int page);
     void markTab();
     void newsArrived();
-    int addRow(Zeb::CStandardTable* table, const quoter::Notice& notice);
+    void addRows(Zeb::CStandardTable* table, const QList<boost::shared_ptr<quoter::Notice>>& notices);
     void fitTitles(Zeb::CStandardTable* table);
     void copyLink(Zeb::CStandardTable* table, int row);
     void showLocalTables(const QString& code, const LocalTablesPtr& tables);
     void showLocalFiles();
     void chooseLocalFile(int index);
+    void showLocalModel(QAbstractItemModel* model);
 
     mutable boost::mutex m_stockMutex;
     Zeb::CPushButton* m_tabs[eTableCount] = {};
     Zeb::CComboBox* m_fileChooser = nullptr;
     LocalTableModel* m_localModel = nullptr;
+    QAbstractItemModel* m_emptyLocalModel = nullptr; ///< the table's own, shown while there is no file
+    Zeb::CBaseTableColumnSimpleTextDelegate* m_localTitles = nullptr;
     LocalTablesPtr m_localTables; ///< what page 3 shows, of whatever instrument it was read
 };
 

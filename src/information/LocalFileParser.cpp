@@ -15,6 +15,18 @@ constexpr char kSeparator = ',';
 constexpr char kQuote = '"';
 const QString kDateTitle = QStringLiteral("日期");
 
+// Bytes of memory beside the characters, with what the allocator adds.
+constexpr std::size_t kRowCost = 64;
+constexpr std::size_t kFieldCost = 8;
+constexpr std::size_t kTextCost = 48; // of a field that is not empty
+constexpr std::size_t kDateCost = 128;
+
+std::size_t costOf(const QString& field)
+{
+    return kFieldCost +
+           (field.isEmpty() ? 0 : kTextCost + sizeof(QChar) * static_cast<std::size_t>(field.size()));
+}
+
 bool startsWithMark(const char* begin, const char* end)
 {
     return end - begin >= static_cast<std::ptrdiff_t>(kByteOrderMarkSize) &&
@@ -94,7 +106,7 @@ void LocalFileParser::feed(const char* bytes, std::size_t size)
 {
     const char* at = bytes;
     const char* const end = bytes + size;
-    while (at != end) {
+    while (at != end && !m_isFull) {
         const char* const lineEnd = find(at, end, '\n');
         if (lineEnd == end) {
             keep(at, static_cast<std::size_t>(end - at));
@@ -120,7 +132,7 @@ void LocalFileParser::keep(const char* bytes, std::size_t size)
 
 void LocalFileParser::finish()
 {
-    if (!m_hasCarry)
+    if (!m_hasCarry || m_isFull)
         return;
     const std::string line = std::exchange(m_carry, std::string());
     m_hasCarry = false;
@@ -147,24 +159,43 @@ void LocalFileParser::takeLine(const char* begin, const char* end)
 
 void LocalFileParser::takeHeader(const char* begin, const char* end)
 {
-    m_hasHeader = true;
-    forEachField(begin, end, [this](const QString& field, int part) {
-        m_headers.append(field);
+    QStringList titles;
+    std::size_t cost = 0;
+    forEachField(begin, end, [&](const QString& field, int part) {
+        titles.append(field);
+        cost += costOf(field);
         if (field == kDateTitle)
             m_dateColumn = part;
     });
+    if (!pay(cost))
+        return;
+    m_hasHeader = true;
+    m_headers = std::move(titles);
 }
 
 void LocalFileParser::takeRow(const char* begin, const char* end)
 {
     LocalRow row;
     QString date;
+    std::size_t cost = kRowCost;
     forEachField(begin, end, [&](QString field, int part) {
+        cost += costOf(field);
         if (part == m_dateColumn)
             date = field;
         row.append(std::move(field));
     });
-    rowsOf(date).append(std::move(row));
+    if (!m_lastRows || date != m_lastDate)
+        cost += kDateCost; // at most: the date may be there already
+    if (pay(cost))
+        rowsOf(date).append(std::move(row));
+}
+
+bool LocalFileParser::pay(std::size_t cost)
+{
+    m_isFull = m_isFull || cost > m_budget - m_cost;
+    if (!m_isFull)
+        m_cost += cost;
+    return !m_isFull;
 }
 
 QVector<LocalRow>& LocalFileParser::rowsOf(const QString& date)

@@ -27,12 +27,19 @@ using LocalRows = QMap<QString, QVector<LocalRow>>;
 ///
 /// Bytes are UTF-8 with or without a byte order mark; what is none, and a zero byte, becomes the replacement
 /// character. A line ends at `kMostLineBytes` and at `kMostFields` fields: what it has beyond them is left
-/// out. One thread at a time.
+/// out. The first line that does not fit into the budget of memory ends the table. One thread at a time.
 class LocalFileParser
 {
 public:
     static constexpr std::size_t kMostLineBytes = std::size_t(64) * 1024 * 1024;
     static constexpr int kMostFields = 1000000;
+
+    /// Bytes of memory that a table of a hundred megabytes takes, with room to spare.
+    static constexpr std::size_t kUsualBudget = std::size_t(2) * 1024 * 1024 * 1024;
+
+    /// `budget`: bytes of memory, about, that titles and rows may take. A line of one byte takes a hundred of
+    /// them, so that the size of a file alone says little.
+    explicit LocalFileParser(std::size_t budget = kUsualBudget) : m_budget(budget) {}
 
     void feed(const char* bytes, std::size_t size);
 
@@ -41,6 +48,12 @@ public:
 
     /// False while there was not even a header.
     bool hasHeader() const { return m_hasHeader; }
+
+    /// True from the first line on that did not fit into the budget; nothing is taken any more.
+    bool isFull() const { return m_isFull; }
+
+    /// Bytes of memory, about, that titles and rows take.
+    std::size_t cost() const { return m_cost; }
 
     QStringList& headers() { return m_headers; }
     LocalRows& rows() { return m_rows; }
@@ -51,7 +64,11 @@ private:
     void takeHeader(const char* begin, const char* end);
     void takeRow(const char* begin, const char* end);
     QVector<LocalRow>& rowsOf(const QString& date);
+    bool pay(std::size_t cost);
 
+    std::size_t m_budget;
+    std::size_t m_cost = 0;
+    bool m_isFull = false;
     std::string m_carry; ///< start of a line that a piece ended in
     bool m_hasHeader = false;
     bool m_hasCarry = false; ///< a line has begun, though `m_carry` may be empty after a byte order mark

@@ -1,5 +1,6 @@
 #include "information/LocalInformation.h"
 
+#include "information/ReaderThreads.h"
 #include "platform/services/CStockManager.h"
 #include "platform/services/RPCEngine.h"
 #include "platform/services/external_data.h"
@@ -14,6 +15,7 @@
 #include <boost/thread/locks.hpp>
 
 #include <algorithm>
+#include <new>
 #include <utility>
 #include <vector>
 
@@ -28,17 +30,52 @@ const QString kFolder = QStringLiteral("/localinformation/");
 using Values = QMap<QString, LocalRows>;
 using Headers = QMap<QString, QStringList>;
 
+/// Tables that are freed on the strand "data_release", whoever was the last to look at them: millions of rows
+/// take their time.
+std::shared_ptr<LocalTables> newTables()
+{
+    return std::shared_ptr<LocalTables>(new LocalTables, [](LocalTables* tables) {
+        try {
+            net::RPCEngine::getStrand("data_release")->post([tables] { delete tables; });
+        } catch (const std::bad_alloc&) {
+            delete tables;
+        }
+    });
+}
+
 } // namespace
 
 QString localInformationDirectory(const std::string& market, const std::string& code)
 {
-    return getExternalDataDir() + kFolder + QString::fromStdString(market) + QLatin1Char('/') +
-           QString::fromStdString(code);
+    const QString root = getExternalDataDir();
+    if (root.isEmpty())
+        return QString();
+    return root + kFolder + QString::fromStdString(market) + QLatin1Char('/') + QString::fromStdString(code);
 }
 
 QString localFileKey(const QString& instrumentName, const QString& fileName)
 {
     return instrumentName + QLatin1Char('_') + fileName.section(QLatin1Char('.'), 0, 0);
+}
+
+LocalInformation::~LocalInformation()
+{
+    try {
+        clear();
+    } catch (const std::bad_alloc&) {
+        // Without memory to hand it over it is freed here.
+    }
+}
+
+void LocalInformation::end()
+{
+    m_isEnding.store(true, std::memory_order_relaxed);
+    setListener({});
+}
+
+bool LocalInformation::isEnding() const
+{
+    return m_isEnding.load(std::memory_order_relaxed) || ReaderThreads::isEnding();
 }
 
 void LocalInformation::setListener(Listener listener)
@@ -61,10 +98,12 @@ void LocalInformation::read(const QString& code)
     if (!instrument)
         return;
     const QString directory = localInformationDirectory(instrument->market, instrument->code);
-    if (!QDir(directory).exists())
+    if (directory.isEmpty() || !QDir(directory).exists())
         return;
     const QString name = QString::fromStdString(instrument->name);
     readDirectory(directory, name);
+    if (isEnding())
+        return;
     DEPTH_LOG(utils::kLogInfo, "CInformationWidget",
               boost::format("%1% code : %2% readinformation use time %3%") %
                   "Kel::CInformationWidget::readLocalInformation" % code.toStdString() %
@@ -76,20 +115,32 @@ void LocalInformation::readDirectory(const QString& directory, const QString& na
 {
     const QFileInfoList files = QDir(directory).entryInfoList(QDir::Files | QDir::NoSymLinks | QDir::Hidden,
                                                               QDir::Size | QDir::Reversed);
-    for (const QFileInfo& file : files)
-        readFile(file.filePath(), localFileKey(name, file.fileName()));
+    std::size_t left = m_budget;
+    for (const QFileInfo& file : files) {
+        if (isEnding())
+            return;
+        try {
+            left -= readFile(file.filePath(), localFileKey(name, file.fileName()), left);
+        } catch (const std::bad_alloc&) {
+            DEPTH_LOG(utils::kLogError, "CInformationWidget",
+                      boost::format("no memory for local information: %1%") % file.filePath().toStdString());
+        }
+    }
 }
 
-void LocalInformation::readFile(const QString& path, const QString& key)
+/// What the file took of the budget: all of it if that ended before the file.
+std::size_t LocalInformation::readFile(const QString& path, const QString& key, std::size_t budget)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
-        return;
+        return 0;
     // Not beyond the size it has now: a file may grow as fast as it is read.
     qint64 left = std::min(file.size(), kMostFileBytes);
-    LocalFileParser parser;
+    LocalFileParser parser(budget);
     std::vector<char> piece(static_cast<std::size_t>(std::min(left, kPieceBytes)));
-    while (left > 0) {
+    while (left > 0 && !parser.isFull()) {
+        if (isEnding())
+            return 0;
         const qint64 size = file.read(piece.data(), std::min(left, kPieceBytes));
         if (size <= 0)
             break;
@@ -99,6 +150,11 @@ void LocalInformation::readFile(const QString& path, const QString& key)
     parser.finish();
     if (parser.hasHeader())
         merge(key, parser);
+    if (!parser.isFull())
+        return parser.cost();
+    DEPTH_LOG(utils::kLogError, "CInformationWidget",
+              boost::format("local information is too large, cut at: %1%") % path.toStdString());
+    return budget;
 }
 
 /// Under the lock for the whole file, so that nobody sees half of it; the parsing is done by then, so that
@@ -138,7 +194,7 @@ void LocalInformation::clear()
 
 LocalTablesPtr LocalInformation::tablesOf(const QString& name) const
 {
-    auto tables = std::make_shared<LocalTables>();
+    auto tables = newTables();
     Headers headers;
     Values values;
     {

@@ -12,6 +12,7 @@
 #include <boost/thread/shared_mutex.hpp>
 
 #include <atomic>
+#include <cstddef>
 #include <memory>
 
 namespace Kel {
@@ -33,6 +34,12 @@ using LocalTablesPtr = std::shared_ptr<const LocalTables>;
 class LocalInformation
 {
 public:
+    /// `budget`: bytes of memory, about, that one reading may fill, see `LocalFileParser`.
+    explicit LocalInformation(std::size_t budget = LocalFileParser::kUsualBudget) : m_budget(budget) {}
+
+    /// Frees what was read on the strand "data_release".
+    ~LocalInformation();
+
     /// Hears on the reader's thread what was read of an instrument.
     using Listener = boost::function<void(const QString& code, const LocalTablesPtr& tables)>;
 
@@ -40,8 +47,13 @@ public:
     void setListener(Listener listener);
 
     /// Reads the files of an instrument into the maps, each file as a whole, then tells the listener. A file
-    /// that cannot be opened is passed over; an unknown instrument and a missing directory give nothing.
+    /// that cannot be opened or for which there is no memory is passed over; where the budget ends the
+    /// reading ends, which is logged. An unknown instrument, a missing directory and no root of local files
+    /// give nothing.
     void read(const QString& code);
+
+    /// Nobody wants what is read any more: readings that run stop soon, and tell nobody.
+    void end();
 
     /// Empties both maps. What they held is freed on the strand "data_release".
     void clear();
@@ -55,16 +67,19 @@ public:
 
 private:
     void readDirectory(const QString& directory, const QString& name);
-    void readFile(const QString& path, const QString& key);
+    std::size_t readFile(const QString& path, const QString& key, std::size_t budget);
+    bool isEnding() const;
     void merge(const QString& key, LocalFileParser& parsed);
     LocalTablesPtr tablesOf(const QString& name) const;
     void tell(const QString& code, const LocalTablesPtr& tables);
 
+    std::size_t m_budget;
+    std::atomic<bool> m_isEnding{false};
     boost::mutex m_listenerMutex; ///< guards the listener and is held while it is called
     Listener m_listener;
 };
 
-/// Where the files of an instrument stand.
+/// Where the files of an instrument stand; empty without a root of local files.
 QString localInformationDirectory(const std::string& market, const std::string& code);
 
 /// The key of a file of an instrument with this name.

@@ -1,9 +1,6 @@
 #include "information/LocalTableModel.h"
 
-#include "platform/services/RPCEngine.h"
-
 #include <algorithm>
-#include <utility>
 
 namespace Kel {
 
@@ -27,21 +24,16 @@ LocalTableModel::LocalTableModel(QObject* parent) : QAbstractTableModel(parent) 
 void LocalTableModel::setTable(const LocalTablesPtr& tables, int index)
 {
     beginResetModel();
-    LocalTablesPtr before = std::exchange(m_tables, tables);
+    m_tables = tables;
     const bool isThere = tables && index >= 0 && index < tables->size();
     m_table = isThere ? &tables->at(index) : nullptr;
     m_columns = m_table ? columnsOf(*m_table) : 0;
     endResetModel();
-    // The last owner of a large file frees it off the GUI thread.
-    if (before && before != tables)
-        net::RPCEngine::getStrand("data_release")->post([released = std::move(before)]() mutable {
-            released.reset();
-        });
 }
 
 int LocalTableModel::rowCount(const QModelIndex& parent) const
 {
-    return m_table && !parent.isValid() ? m_table->rows.size() : 0;
+    return m_table && !parent.isValid() ? std::min(m_table->rows.size(), kMostRows) : 0;
 }
 
 int LocalTableModel::columnCount(const QModelIndex& parent) const
@@ -53,7 +45,7 @@ QVariant LocalTableModel::data(const QModelIndex& index, int role) const
 {
     if (role != Qt::DisplayRole || !m_table || !index.isValid())
         return QVariant();
-    return m_table->rows.at(index.row()).value(index.column());
+    return m_table->rows.at(index.row()).value(index.column()).left(kMostText);
 }
 
 QVariant LocalTableModel::headerData(int section, Qt::Orientation orientation, int role) const
@@ -62,7 +54,7 @@ QVariant LocalTableModel::headerData(int section, Qt::Orientation orientation, i
         return QVariant();
     if (orientation == Qt::Vertical)
         return section + 1;
-    return m_table ? m_table->headers.value(section) : QString();
+    return m_table ? m_table->headers.value(section).left(kMostText) : QString();
 }
 
 } // namespace Kel

@@ -7,15 +7,17 @@
 namespace Kel {
 
 /// Shows one file of local information in a table view: its titles as columns, its rows as they are. A row
-/// with more fields than there are titles has columns without a title. Takes no copy of the rows, so that a
-/// file of millions of rows costs nothing to show. GUI thread.
+/// with more fields than there are titles has columns without a title. Takes no copy of the rows, so that
+/// a large file costs nothing to show. GUI thread.
 class LocalTableModel : public QAbstractTableModel
 {
     Q_OBJECT
 
 public:
-    /// Columns beyond them are not shown.
+    /// Columns and rows beyond them, and what a text has beyond so many characters, are not shown.
     static constexpr int kMostColumns = 1000;
+    static constexpr int kMostRows = 200000;
+    static constexpr int kMostText = 1000;
 
     explicit LocalTableModel(QObject* parent = nullptr);
 

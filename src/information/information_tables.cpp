@@ -71,6 +71,8 @@ constexpr int kMostLocalWidth = 400; // of a column of a local file
 // How far a local file is looked at for the widths of its columns.
 constexpr int kRowsFitted = 50;
 constexpr int kColumnsFitted = 50;
+constexpr int kLettersFitted = 100; // more than the widest column shows
+constexpr int kCellRoom = 12;       // pixels beside a text in its cell
 
 constexpr int kDateLength = 10; // of a time stamp, "2023-02-01"
 constexpr int kFileChooserId = 3;
@@ -91,6 +93,29 @@ const Zeb::CPushButton::StateKeys kTabTexts{
 const Zeb::CUiResource& resource()
 {
     return utils::CSingletonT<Zeb::CUiResource>::instance();
+}
+
+/// Pixels that the texts of a column of a local file ask for.
+int fittingWidth(const QAbstractItemModel& model, int column, const QFont& headerFont, const QFont& font)
+{
+    const QString title = model.headerData(column, Qt::Horizontal).toString();
+    int width = QFontMetrics(headerFont).horizontalAdvance(title.left(kLettersFitted));
+    const QFontMetrics metrics(font);
+    const int rows = std::min(model.rowCount(), kRowsFitted);
+    for (int row = 0; row < rows && width < kMostLocalWidth; ++row) {
+        const QString text = model.index(row, column).data().toString();
+        width = std::max(width, metrics.horizontalAdvance(text.left(kLettersFitted)));
+    }
+    return qBound(kLeastTitleWidth, width + kCellRoom, kMostLocalWidth);
+}
+
+void layOutColumns(Zeb::CStandardTable& table)
+{
+    for (int column = 0; column < eColumnCount; ++column) {
+        if (kColumns[column].width > 0)
+            table.setColumnWidth(column, kColumns[column].width);
+        table.setColumnHidden(column, kColumns[column].hidden);
+    }
 }
 
 Zeb::CBaseTableColumnSimpleTextDelegate* titlesOf(Zeb::CStandardTable* table)
@@ -141,10 +166,8 @@ void CInformationWidget::createTable(int index)
     for (int column = 0; column < eColumnCount; ++column) {
         QString title = QString::fromUtf8(kColumns[column].title);
         table->setHeaderText(column, title.replace(QLatin1String("%1"), tabName));
-        if (kColumns[column].width > 0)
-            table->setColumnWidth(column, kColumns[column].width);
-        table->setColumnHidden(column, kColumns[column].hidden);
     }
+    layOutColumns(*table);
     table->setBackgroundKeys(kGround, kNumberGround);
     table->setHeaderStyle(kText, kHeaderFont);
     auto* titles = new Zeb::CBaseTableColumnSimpleTextDelegate(kTitleFont);
@@ -187,6 +210,8 @@ void CInformationWidget::createLocalPage()
     m_tableLists[eTableLocal]->addWidget(m_fileChooser);
     m_tableLists[eTableLocal]->addWidget(m_tables[eTableLocal], 1);
     m_localModel = new LocalTableModel(this);
+    m_emptyLocalModel = m_tables[eTableLocal]->model();
+    m_localTitles = titlesOf(m_tables[eTableLocal]);
 }
 
 void CInformationWidget::themeChanged()
@@ -233,30 +258,40 @@ void CInformationWidget::newsArrived()
 
 void CInformationWidget::addOneRow(Zeb::CStandardTable* table, boost::shared_ptr<quoter::Notice> notice)
 {
-    addRow(table, *notice);
-    fitTitles(table);
+    addRows(table, {notice});
 }
 
-int CInformationWidget::addRow(Zeb::CStandardTable* table, const quoter::Notice& notice)
+/// All rows at once, and the column is fitted once: a day may bring thousands.
+void CInformationWidget::addRows(Zeb::CStandardTable* table,
+                                 const QList<boost::shared_ptr<quoter::Notice>>& notices)
 {
-    const int row = table->appendRow();
-    const QString date = utils::exchangeTimestamp(notice.m_time).left(kDateLength);
-    table->setText(row, eColumnId, QString(QChar(static_cast<ushort>(row))));
-    table->setText(row, eColumnDate, date, kText);
-    table->setText(row, eColumnTime, date);
-    table->setText(row, eColumnLink, QString::fromStdString(notice.link));
-    if (const auto detail = instrument()) {
-        table->setText(row, eColumnCode, QString::fromStdString(detail->code));
-        if (table == m_tables[eTableAnnouncements] && m_rowOwner == 1)
-            table->setText(row, eColumnName, QString::fromStdString(detail->name), kText);
+    const auto detail = instrument();
+    const bool showsName = table == m_tables[eTableAnnouncements] && m_rowOwner == 1;
+    const QString code = detail ? QString::fromStdString(detail->code) : QString();
+    const QString name = detail && showsName ? QString::fromStdString(detail->name) : QString();
+    QVector<QStringList> rows;
+    rows.reserve(notices.size());
+    const int first = table->rowCount();
+    for (const auto& notice : notices) {
+        if (!notice)
+            continue;
+        const QString id(QChar(static_cast<ushort>(first + rows.size())));
+        const QString date = utils::exchangeTimestamp(notice->m_time).left(kDateLength);
+        rows.append({id, date, name, QString::fromStdString(notice->title), date, code,
+                     QString::fromStdString(notice->link)});
     }
+    if (rows.isEmpty())
+        return;
+    table->appendRows(rows);
     if (auto* const titles = titlesOf(table)) {
-        const QString key = QString::number(row);
-        titles->setItemText(key, QString::fromStdString(notice.title));
-        titles->setItemClickable(key, true);
-        titles->setItemColorKey(key, kText);
+        for (int row = 0; row < rows.size(); ++row) {
+            const QString key = QString::number(first + row);
+            titles->setItemText(key, rows[row][eColumnTitle]);
+            titles->setItemClickable(key, true);
+            titles->setItemColorKey(key, kText);
+        }
     }
-    return row;
+    fitTitles(table);
 }
 
 void CInformationWidget::fitTitles(Zeb::CStandardTable* table)
@@ -265,19 +300,10 @@ void CInformationWidget::fitTitles(Zeb::CStandardTable* table)
         table->setColumnWidth(eColumnTitle, std::max(kLeastTitleWidth, titles->preferredWidth()));
 }
 
-/// A row more at a time, but the column is fitted once: a day may bring thousands.
 void CInformationWidget::updateNotice(const QList<boost::shared_ptr<quoter::Notice>>& notices)
 {
-    Zeb::CStandardTable* const table = m_tables[eTableAnnouncements];
-    if (!table)
-        return;
-    bool added = false;
-    for (const auto& notice : notices) {
-        if (notice)
-            added = addRow(table, *notice) >= 0;
-    }
-    if (added)
-        fitTitles(table);
+    if (Zeb::CStandardTable* const table = m_tables[eTableAnnouncements])
+        addRows(table, notices);
 }
 
 void CInformationWidget::copyLink(Zeb::CStandardTable* table, int row)
@@ -315,21 +341,40 @@ void CInformationWidget::showLocalFiles()
 
 void CInformationWidget::chooseLocalFile(int index)
 {
-    Zeb::CStandardTable* const table = m_tables[eTableLocal];
+    const bool isFile = m_localTables && index >= 0 && index < m_localTables->size();
+    if (!isFile)
+        showLocalModel(m_emptyLocalModel);
     m_localModel->setTable(m_localTables, index);
-    if (table->model() != m_localModel) {
-        // From the first file on the columns are those of the file.
-        table->setColumnDelegate(eColumnTitle, nullptr);
-        table->setModel(m_localModel);
-        table->horizontalHeader()->setResizeContentsPrecision(kRowsFitted);
-        for (int column = 0; column < eColumnCount; ++column)
-            table->setColumnHidden(column, false);
-    }
+    if (!isFile)
+        return;
+    showLocalModel(m_localModel);
+    Zeb::CStandardTable* const table = m_tables[eTableLocal];
     const int columns = std::min(m_localModel->columnCount(), kColumnsFitted);
-    for (int column = 0; column < columns; ++column) {
-        table->resizeColumnToContents(column);
-        table->setColumnWidth(column, qBound(kLeastTitleWidth, table->columnWidth(column), kMostLocalWidth));
+    for (int column = 0; column < columns; ++column)
+        table->setColumnWidth(
+            column, fittingWidth(*m_localModel, column, table->horizontalHeader()->font(), table->font()));
+}
+
+/// With a file the columns are those of the file, without one those of the other pages.
+void CInformationWidget::showLocalModel(QAbstractItemModel* model)
+{
+    Zeb::CStandardTable* const table = m_tables[eTableLocal];
+    if (table->model() == model)
+        return;
+    const bool isEmpty = model == m_emptyLocalModel;
+    table->setColumnDelegate(eColumnTitle, isEmpty ? m_localTitles : nullptr);
+    table->setModel(model);
+    // The table and its headers leave those of the model before behind.
+    for (const QItemSelectionModel* const selection : table->findChildren<QItemSelectionModel*>()) {
+        if (selection != table->selectionModel())
+            delete selection;
     }
+    if (isEmpty) {
+        layOutColumns(*table);
+        return;
+    }
+    for (int column = 0; column < eColumnCount; ++column)
+        table->setColumnHidden(column, false);
 }
 
 } // namespace Kel

@@ -5,6 +5,7 @@
 
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPointer>
 #include <QWheelEvent>
 
 #include <utility>
@@ -117,7 +118,7 @@ void CDepthConciseStyleEntrustStatusWidget::quoterCallBack(
         return;
     if (!force && (status != 0 || !records.empty()))
         return;
-    updateFromAnyThread(*this);
+    m_update.ask();
     logQuoteUpdate(this, "CDepthConciseStyleEntrustStatusWidget",
                    "Kel::CDepthConciseStyleEntrustStatusWidget::quoterCallBack", m_model, status, records);
 }
@@ -127,7 +128,7 @@ void CDepthConciseStyleEntrustStatusWidget::connectTickData(boost::shared_ptr<qu
                                                             long long shares)
 {
     m_model.connectTickData(before, latest, shares);
-    updateFromAnyThread(*this);
+    m_update.ask();
 }
 
 // Size and visibility
@@ -138,6 +139,10 @@ void CDepthConciseStyleEntrustStatusWidget::paintEvent(QPaintEvent* event)
     if (!isVisible())
         return;
     Zeb::CBaseWidget::paintEvent(event);
+    if (isOfOtherScreen(m_background, *this)) {
+        m_background = pixmapFor(*this);
+        drawBackground();
+    }
     QPainter painter(this);
     painter.drawPixmap(m_panelRect, m_background);
     drawForeground(&painter);
@@ -221,14 +226,17 @@ bool CDepthConciseStyleEntrustStatusWidget::doTradeFunc(int x, int y, QString& m
     const double price = leftHalf ? rowPrice : 0;
     const int volume = leftHalf ? 0 : rowVolume;
     const LevelColumns current = columns();
-    int type = priceTypeOf(label);
-    if (current.isPrice(x))
+    int type = 0;
+    if (current.isLabel(x))
+        type = priceTypeOf(label);
+    else if (current.isPrice(x))
         type = kOtherPriceType;
     else if (middleRow ? current.isNewVolume(x) : current.isVolume(x))
         type = kVolumePriceType;
-    else if (!current.isLabel(x))
+    else
         return true;
-    if (m_pairParamFunc) {
+    // The rows of a former instrument stay though the code set last is unknown: nobody can trade by them.
+    if (m_pairParamFunc && quote.instrument) {
         const auto send = m_pairParamFunc; // the host may set another one meanwhile
         send(tradeText(getDetailQsKey(quote.instrument), type, price, volume));
     }
@@ -252,16 +260,21 @@ void CDepthConciseStyleEntrustStatusWidget::mousePressEvent(QMouseEvent* event)
     Zeb::CBaseWidget::mousePressEvent(event);
     const bool showedTip = m_showTip;
     const QRect cell = getCursorRect(event->x(), event->y());
+    // A label is no cell that is marked, but it gives its price type.
+    if (!cell.isEmpty() || columns().isLabel(event->x())) {
+        const QPointer<QWidget> self = this; // who receives the parameters may close the panel
+        QString message;
+        doTradeFunc(event->x(), event->y(), message);
+        if (!self) {
+            event->accept(); // or it would go on to a parent that nobody can ask for any more
+            return;
+        }
+    }
     const bool isOther = isOtherCell(cell, m_clickRect);
     if (isOther)
         m_clickRect = cell;
     if (isOther || m_showTip != showedTip)
         update();
-    // A label is no cell that is marked, but it gives its price type.
-    if (!cell.isEmpty() || columns().isLabel(event->x())) {
-        QString message;
-        doTradeFunc(event->x(), event->y(), message);
-    }
 }
 
 void CDepthConciseStyleEntrustStatusWidget::leaveEvent(QEvent* event)

@@ -128,7 +128,7 @@ void CDepthEntrustStatusWidget::quoterCallBack(
         return;
     if (!force && (status != 0 || !records.empty()))
         return;
-    updateFromAnyThread(*this);
+    m_update.ask();
     logQuoteUpdate(this, "CDepthEntrustStatusWidget", "Kel::CDepthEntrustStatusWidget::quoterCallBack",
                    m_model, status, records);
 }
@@ -138,7 +138,7 @@ void CDepthEntrustStatusWidget::connectTickData(boost::shared_ptr<quoter::Quoter
                                                 long long shares)
 {
     m_model.connectTickData(before, latest, shares);
-    updateFromAnyThread(*this);
+    m_update.ask();
 }
 
 // Picture
@@ -219,6 +219,10 @@ void CDepthEntrustStatusWidget::paintEvent(QPaintEvent* event)
     if (!isVisible())
         return;
     Zeb::CBaseWidget::paintEvent(event);
+    if (isOfOtherScreen(m_background, *this)) {
+        m_background = pixmapFor(*this);
+        drawBackground();
+    }
     QPainter painter(this);
     painter.drawPixmap(m_panelRect, m_background);
     drawForeground(&painter);

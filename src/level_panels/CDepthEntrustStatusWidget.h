@@ -148,6 +148,7 @@ private:
 
     LevelColors m_colors;
     LevelFonts m_fonts;
+    AnyThreadUpdate m_update{*this};
 };
 
 } // namespace Kel

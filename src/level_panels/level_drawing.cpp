@@ -102,12 +102,26 @@ QPixmap pixmapFor(const QWidget& widget)
     return pixmap;
 }
 
-void updateFromAnyThread(QWidget& widget)
+bool isOfOtherScreen(const QPixmap& pixmap, const QWidget& widget)
 {
-    if (QThread::currentThread() == widget.thread())
-        widget.update();
-    else
-        QMetaObject::invokeMethod(&widget, QOverload<>::of(&QWidget::update), Qt::QueuedConnection);
+    return !pixmap.isNull() && pixmap.devicePixelRatioF() != widget.devicePixelRatioF();
+}
+
+void AnyThreadUpdate::ask()
+{
+    if (QThread::currentThread() == m_widget.thread()) {
+        m_widget.update();
+        return;
+    }
+    if (m_asked.exchange(true))
+        return;
+    QMetaObject::invokeMethod(
+        &m_widget,
+        [this] {
+            m_asked = false;
+            m_widget.update();
+        },
+        Qt::QueuedConnection);
 }
 
 } // namespace Kel

@@ -6,6 +6,8 @@
 #include <QRect>
 #include <QString>
 
+#include <atomic>
+
 class QColor;
 class QFont;
 class QPainter;
@@ -60,8 +62,22 @@ void drawCellMark(QPainter& painter, const QRect& cell, int topY, const QColor& 
 /// A pixmap for the whole of `widget`, at the resolution of its screen.
 QPixmap pixmapFor(const QWidget& widget);
 
-/// Calls `widget.update` on the GUI thread, from whatever thread this is called on.
-void updateFromAnyThread(QWidget& widget);
+/// Whether `pixmap` is of another resolution than the screen of `widget`, which may have moved there.
+bool isOfOtherScreen(const QPixmap& pixmap, const QWidget& widget);
+
+/// Repaints a widget on the GUI thread, from whatever thread it is asked for. However often that is before
+/// the GUI thread gets round to it, one event waits for it. Lives as long as the widget, as its member.
+class AnyThreadUpdate
+{
+public:
+    explicit AnyThreadUpdate(QWidget& widget) : m_widget(widget) {}
+
+    void ask();
+
+private:
+    QWidget& m_widget;
+    std::atomic<bool> m_asked{false};
+};
 
 /// Whether a panel shows another cell: by the place, not the size.
 inline bool isOtherCell(const QRect& a, const QRect& b)

@@ -65,6 +65,9 @@ void CDepthModelOrderQueue::setStock(const QString& code)
     const boost::recursive_mutex::scoped_lock lock(m_dataMutex);
     const nelservice::CInstrumentDetailPtr detail =
         utils::CSingletonT<CStockManager>::instance().getInstrumentDetail(code);
+    const nelservice::CInstrumentDetailPtr before = m_stockDetail.load();
+    if (!detail || !before || detail->market != before->market || detail->code != before->code)
+        ++m_session;
     m_stockDetail.store(detail);
     if (!detail)
         return;
@@ -137,6 +140,7 @@ void CDepthModelOrderQueue::clear(bool bClearUICache)
 
         const std::lock_guard<utils::RowMutex> rowLock(m_rowMutex);
         if (bClearUICache) {
+            ++m_session;
             m_queueRows.swap(released->rows);
             m_tenPrices.clear();
             m_depthData.reset();

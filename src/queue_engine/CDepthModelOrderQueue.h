@@ -69,8 +69,9 @@ public:
     void clear(bool bClearUICache);
 
     /// Depth snapshots (status -1) and published queues (status 0 and 3: history, on a thread of their own; 1
-    /// and 2: updates, of which only the last record counts). Other statuses are ignored. Any thread, but
-    /// none may be inside when the engine ends.
+    /// and 2: updates, of which only the last record counts). Other statuses are ignored. History that has
+    /// not been taken when the instrument changes or `clear(true)` is called is dropped. Any thread, but none
+    /// may be inside when the engine ends.
     void quoterCallBack(int seq, int status, const std::vector<boost::shared_ptr<quoter::QuoterBase>>& data);
 
     /// Tick-by-tick orders: status 0 opens a reload, 1 and 2 are live, 3 is a large batch. Handled on the
@@ -247,6 +248,7 @@ private:
     };
 
     bool isInstrument(const boost::shared_ptr<Kel::MetaCacheDataWrapper>& data) const;
+    void appendLevelRecords(const quoter::QuoterBatch& data, int status, std::uint64_t session);
     double lotsOf(std::int64_t shares) const;
     int keyOf(double price) const;
     bool orderCacheEmpty() const;
@@ -284,6 +286,10 @@ private:
     /// Under DEPTH_CHECK_INVARIANTS: aborts with a message when the structures contradict each other. Takes
     /// nothing; `m_dataMutex` is held.
     void checkInvariants() const;
+
+    /// Counts the changes of the instrument and the clears of everything. A batch that was handed to a thread
+    /// of its own in an earlier session than the present one is too late. Written under `m_dataMutex`.
+    std::atomic<std::uint64_t> m_session{0};
 
     std::atomic<bool> m_fullPass{false};
     OrderIndex m_orderIndex;       ///< levels by listed number; guarded by `m_dataMutex`

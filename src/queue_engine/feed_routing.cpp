@@ -65,10 +65,10 @@ void CDepthModelOrderQueue::quoterCallBack(int seq, int status,
     case eFeedFirst:
     case eFeedHistory: {
         const boost::shared_ptr<EngineGate> gate = m_gate;
-        const auto job = [this, gate, data, seq, status] {
+        const auto job = [this, gate, data, status, session = m_session.load()] {
             const EngineGate::Pass pass(*gate);
             if (pass)
-                quoterCallBackThread(data, seq, status);
+                appendLevelRecords(data, status, session);
         };
         try {
             boost::thread(job).detach();
@@ -89,6 +89,13 @@ void CDepthModelOrderQueue::quoterCallBack(int seq, int status,
 
 void CDepthModelOrderQueue::quoterCallBackThread(const quoter::QuoterBatch& data, int /*seq*/, int status)
 {
+    appendLevelRecords(data, status, m_session.load());
+}
+
+/// Takes published queues that were handed in during `session`, as long as it lasts.
+void CDepthModelOrderQueue::appendLevelRecords(const quoter::QuoterBatch& data, int status,
+                                               std::uint64_t session)
+{
     // Tick-by-tick orders rule: with any of them cached, published queues are refused.
     if (!m_stockDetail.load() || !orderCacheEmpty())
         return;
@@ -98,6 +105,9 @@ void CDepthModelOrderQueue::quoterCallBackThread(const quoter::QuoterBatch& data
         const auto level = quoter::recordCast<quoter::LevelOrderData>(record);
         if (!level || (level->bidVolumes.empty() && level->askVolumes.empty()))
             continue;
+        const boost::recursive_mutex::scoped_lock lock(m_dataMutex);
+        if (session != m_session)
+            return;
         appendOrderData(level);
     }
     m_bNeedCalc = true;

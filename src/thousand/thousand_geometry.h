@@ -97,7 +97,7 @@ struct LadderLayout
     QRect lastVolumeLabel(int y) const; ///< what it is called
     QRect selection(int y) const;
 
-    /// Ground of a hovered price or count.
+    /// Ground of a hovered price; a hovered count has its whole cell.
     static QRect hoverBox(const QRect& cell) { return cell.adjusted(0, 1, 0, -1); }
 
     /// Ground of a hovered volume: around the text alone.

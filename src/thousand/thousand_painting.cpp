@@ -208,7 +208,7 @@ void CDepthThousandDataWidget::drawLevel(QPainter& painter, const LadderLayout& 
 
     if (entry.orderCount > 0) {
         if (hover == LadderLayout::eCount)
-            painter.fillRect(LadderLayout::hoverBox(current.countCell(y)), kHover);
+            painter.fillRect(current.countCell(y), kHover);
         painter.setFont(*m_fntCount);
         pen(*m_clrCount, LadderLayout::eCount);
         painter.drawText(current.countCell(y), kLeft, QStringLiteral(" %1").arg(entry.orderCount));

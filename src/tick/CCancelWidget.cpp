@@ -1,5 +1,7 @@
 #include "tick/CCancelWidget.h"
 
+#include "tick/tick_resources.h"
+
 #include <QPainter>
 
 namespace Kel {

@@ -1,5 +1,6 @@
 #include "tick/CDealTable.h"
 
+#include "tick/tick_list_geometry.h"
 #include "tick/tick_resources.h"
 
 #include <QApplication>
@@ -120,10 +121,12 @@ void CDealTable::mouseDoubleClickEvent(QMouseEvent* event)
 void CDealTable::select(int row)
 {
     m_selectedIndex = std::clamp(row, 0, m_total - 1);
-    if (m_selectedIndex < m_firstIndex)
-        m_scrollBar->setValue(m_selectedIndex);
-    else if (m_selectedIndex >= m_firstIndex + m_rowCount)
-        m_scrollBar->setValue(m_selectedIndex - m_rowCount + 1);
+    int first = std::min(m_firstIndex, m_selectedIndex);
+    first = std::max(first, m_selectedIndex - m_rowCount + 1);
+    if (first != m_firstIndex) {
+        m_firstIndex = first; // the slider may stand there already, from the order before, and tell nothing
+        m_scrollBar->setValue(first);
+    }
     update();
 }
 
@@ -171,7 +174,7 @@ void CDealTable::drawContent(QPainter& painter)
             painter.setPen(*themeColor(kSelection));
             painter.setBrush(Qt::NoBrush);
             painter.drawRect(
-                QRect(kOutlineMargin, y, width() - 2 * kOutlineMargin, m_rowHeight).adjusted(0, 0, -1, -1));
+                outlineInside(QRect(kOutlineMargin, y, width() - 2 * kOutlineMargin, m_rowHeight), size()));
         }
     }
 }

@@ -59,15 +59,15 @@ void CDepthOrderWidget::drawRow(QPainter* painter, int row, int x, int y)
 
 void CDepthOrderWidget::setTrackOrderParam(int timeMs, double price, int hands, int side, int tag)
 {
-    for (const int row : m_model->findOrders(timeMs, price, hands, side)) {
-        const auto order = m_model->getOrderData(row, false);
-        if (!order)
-            continue;
+    const auto orders = m_model->findOrders(timeMs, price, hands, side);
+    for (const auto& order : orders) {
         m_trackOrderNo = order->orderNo;
         deliverEvent(kEventOrderTracked, m_trackOrderNo, tag, QString(), nullptr);
-        drawBackground(m_rect);
-        update();
     }
+    if (orders.empty())
+        return;
+    drawBackground(m_rect);
+    update();
 }
 
 QString CDepthOrderWidget::rowText(int row) const

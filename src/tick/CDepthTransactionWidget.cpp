@@ -150,6 +150,7 @@ void CDepthTransactionWidget::doFilter()
     m_filterParam = m_filterDialog->getFilterParam();
     m_model->setFilterParam(m_filterParam);
     m_model->dirty = true; // range and tail are mended at the next tick
+    dropSelection();
     updateScroll();
 }
 

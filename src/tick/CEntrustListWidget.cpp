@@ -58,6 +58,7 @@ void CEntrustListWidget::setFilterParam(const SDepthFilterParam& param)
 {
     m_filterParam = param;
     dirtyFlag() = true; // tail and title are mended at the next tick
+    dropSelection();
     takeRows();
 }
 

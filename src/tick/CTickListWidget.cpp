@@ -109,7 +109,7 @@ void CTickListWidget::paintEvent(QPaintEvent*)
     if (m_selectedIndex >= 0 && m_selectedIndex < m_total && isInView(m_selectedIndex)) {
         painter.setPen(*themeColor(kSelection));
         painter.setBrush(Qt::NoBrush);
-        painter.drawRect(m_layout.rowRect(m_selectedIndex - m_firstIndex).adjusted(0, 0, -1, -1));
+        painter.drawRect(outlineInside(m_layout.rowRect(m_selectedIndex - m_firstIndex), m_rect.size()));
     }
     drawOverlay(painter);
 }
@@ -182,6 +182,12 @@ void CTickListWidget::forgetRows()
     m_total = 0;
     m_selectedIndex = -1;
     m_followTail = true;
+}
+
+void CTickListWidget::dropSelection()
+{
+    m_selectedIndex = -1;
+    dropTip();
 }
 
 // Selection

@@ -94,6 +94,9 @@ protected:
     /// The same with a painter in logical pixels.
     void drawBackground(QPainter* painter);
 
+    /// Takes the selection away, when the rows become others: it is of a row, and another one would have it.
+    void dropSelection();
+
     /// Forgets rows, selection and scroll; keeps the picture.
     void forgetRows();
 

@@ -1,5 +1,7 @@
 #include "tick/CTrackWidget.h"
 
+#include "tick/tick_resources.h"
+
 #include <QPainter>
 
 namespace Kel {

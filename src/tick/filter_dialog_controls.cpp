@@ -112,8 +112,9 @@ void CDepthFilterSettingDialog::createUi()
     addTimeRow(column);
     if (!isDeals())
         addTypeRow(column);
-    addButtonRow(column);
     column->addStretch();
+    addButtonRow(column);
+    column->addSpace(kRowSpace);
     setInnerWidget(column);
 }
 

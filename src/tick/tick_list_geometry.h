@@ -2,6 +2,9 @@
 
 #include <QPoint>
 #include <QRect>
+#include <QSize>
+
+#include <functional>
 
 /// Where rows of a tick list stand: values, computed without a painter, shared by painting, hit test, tip and
 /// keys. Logical pixels from the widget's upper left corner. Rows fill a column group downward, then go on in
@@ -50,5 +53,13 @@ struct TickListLayout
     /// `leastPrice`.
     void setWidth(int pixels, int need, int others, int leastPrice);
 };
+
+/// A rectangle to draw the outline of a row by. An outline goes one pixel beyond its rectangle; at the right
+/// and lower edge of a widget of this size it stays inside.
+QRect outlineInside(const QRect& row, const QSize& widget);
+
+/// The last row of the run that `row` is in. `runOf(row)` tells how many rows directly before a row are of
+/// its run (at most 32767), and -1 of a row that is not there. Asks of few rows, however long the run is.
+int lastOfRun(int row, const std::function<int(int)>& runOf);
 
 } // namespace Kel

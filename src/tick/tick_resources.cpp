@@ -10,6 +10,8 @@
 #include <QPainter>
 #include <QTransform>
 
+#include <algorithm>
+
 namespace Kel {
 
 namespace {
@@ -22,6 +24,9 @@ constexpr const char* kGround = "ic_clr_graph_kline_bg";
 constexpr int kLightGround = 128; // lightness from which a ground counts as light
 
 constexpr double kLeastLargeAmount = 10000; // yuan, shown in 万
+
+constexpr int kLeastStretch = 20; // percent, of a text that is too wide
+constexpr int kStretchStep = 4;
 
 constexpr int kMostTexts = 8192; // kept for a font, each some hundred bytes; more than a few pictures have
 
@@ -78,6 +83,24 @@ QString clockText(qint64 seconds)
     return utils::clockText(seconds * utils::kMSecPerSecond, false);
 }
 
+void drawFitted(QPainter& painter, const QRect& box, Qt::Alignment side, const QString& text)
+{
+    const QFont font = painter.font();
+    const int width = QFontMetrics(font).horizontalAdvance(text);
+    if (width > box.width() && width > 0) {
+        QFont narrow = font;
+        // Digits are whole pixels wide, so that they do not shrink in proportion.
+        int stretch = std::max(box.width() * 100 / width, kLeastStretch);
+        do {
+            narrow.setStretch(stretch);
+            stretch -= kStretchStep;
+        } while (stretch >= kLeastStretch && QFontMetrics(narrow).horizontalAdvance(text) > box.width());
+        painter.setFont(narrow);
+    }
+    painter.drawText(box, static_cast<int>(side | Qt::AlignVCenter | Qt::TextDontClip), text);
+    painter.setFont(font);
+}
+
 const QStaticText& TextCache::text(const QFont& font, const QString& text)
 {
     Texts& texts = m_fonts[font];
@@ -98,6 +121,10 @@ void TextCache::drawRight(QPainter& painter, const QFont& font, const QRect& box
 {
     const QStaticText& prepared = this->text(font, text);
     const QSizeF size = prepared.size();
+    if (size.width() >= box.width() + 1) { // widths of texts are no whole pixels
+        drawFitted(painter, box, Qt::AlignRight, text);
+        return;
+    }
     painter.drawStaticText(
         QPointF(box.x() + box.width() - size.width(), box.y() + (box.height() - size.height()) / 2),
         prepared);

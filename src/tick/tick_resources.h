@@ -37,12 +37,17 @@ QString amountText(double amount);
 /// "hh:mm:ss" at the exchange, of seconds since 1970-01-01 UTC.
 QString clockText(qint64 seconds);
 
+/// Writes a text into a box in the painter's font, vertically centred; one that is too wide is written
+/// narrower.
+void drawFitted(QPainter& painter, const QRect& box, Qt::Alignment side, const QString& text);
+
 /// Texts that are written over and over, each laid out once and kept.
 class TextCache
 {
 public:
-    /// Writes at the right of a box, vertically centred, in the painter's pen: the same place as `drawText`
-    /// gives it.
+    /// Writes at the right of a box, vertically centred, in the painter's pen and in `font`, which is the
+    /// painter's: the same place as `drawText` gives it. A text that is too wide is written narrower: a
+    /// number must not lose its first digits, nor run into the column beside it.
     void drawRight(QPainter& painter, const QFont& font, const QRect& box, const QString& text);
 
     /// Width of a text in a font, pixels.

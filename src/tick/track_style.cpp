@@ -5,7 +5,6 @@
 #include "platform/toolkit/number_formats.h"
 #include "tick/tick_resources.h"
 
-#include <QFontMetrics>
 #include <QPainter>
 
 #include <algorithm>
@@ -51,19 +50,6 @@ QString lotsText(qint64 shares, int unit)
 QString rowLotsText(qint64 shares, int unit)
 {
     return QString::number(std::max(lotsFromShares(shares, unit), 1)) + kLots;
-}
-
-void drawFitted(QPainter& painter, const QRect& box, Qt::Alignment side, const QString& text)
-{
-    const QFont font = painter.font();
-    const int width = QFontMetrics(font).horizontalAdvance(text);
-    if (width > box.width() && width > 0) {
-        QFont narrow = font;
-        narrow.setStretch(std::max(box.width() * 100 / width, 1));
-        painter.setFont(narrow);
-    }
-    painter.drawText(box, static_cast<int>(side | Qt::AlignVCenter | Qt::TextDontClip), text);
-    painter.setFont(font);
 }
 
 void drawTrackRow(QPainter& painter, const TrackStyle& style, int x, int y, int right, int height,

@@ -42,9 +42,6 @@ QString lotsText(qint64 shares, int unit);
 /// The same for a row of a deal, an order or a cancel, which has shares: 1 below a lot.
 QString rowLotsText(qint64 shares, int unit);
 
-/// Writes a text into a box, vertically centred; one that is too wide is written narrower.
-void drawFitted(QPainter& painter, const QRect& box, Qt::Alignment side, const QString& text);
-
 /// What a row shows.
 struct TrackRow
 {

@@ -168,16 +168,12 @@ void CDepthTransactionWidget::closeRuns(QPainter* painter, Pens& pens,
 void CDepthTransactionWidget::closeRunsBelow(QPainter* painter, Pens& pens, int last)
 {
     for (const bool buy : {false, true}) {
-        int end = last;
-        auto item = m_model->getData(end);
-        while (item) {
-            const auto next = m_model->getData(end + 1);
-            if (!next || (buy ? next->buyRun : next->sellRun) == 0)
-                break;
-            item = next;
-            ++end;
-        }
-        if (item)
+        const auto runOf = [&](int row) {
+            const auto item = m_model->getData(row);
+            return !item ? -1 : buy ? int(item->buyRun) : int(item->sellRun);
+        };
+        const int end = lastOfRun(last, runOf);
+        if (const auto item = m_model->getData(end))
             drawRun(painter, pens, item, buy, end);
     }
 }

@@ -1,6 +1,8 @@
 // Tabs, pages, events and the life of the information panel.
 
+#include "FailingMemory.h"
 #include "InformationFixture.h"
+#include "information/ReaderThreads.h"
 
 #include <QWheelEvent>
 
@@ -164,6 +166,18 @@ TEST_F(InformationEvents, AStockShowsBothHalvesAndItsPage)
     EXPECT_EQ(pages(), "local ");
 }
 
+TEST_F(InformationEvents, AStockAfterAnIndexKeepsTheAnnouncementsBesideLocalInformation)
+{
+    choose(3);
+    m_panel.setStock("SH000300");
+    m_panel.enableUi();
+    m_panel.setStock("SH600000");
+    m_panel.enableUi();
+    EXPECT_EQ(pages(), "announcements local ") << "page 3 has no say in which of the others is shown";
+    choose(3);
+    EXPECT_EQ(pages(), "local ");
+}
+
 TEST_F(InformationEvents, OtherKindsAndNoInstrumentChangeNothing)
 {
     m_panel.enableUi();
@@ -248,6 +262,19 @@ TEST_F(InformationEvents, TheWheelStays)
     event.ignore();
     QCoreApplication::sendEvent(&m_panel, &event);
     EXPECT_TRUE(event.isAccepted());
+}
+
+TEST_F(InformationEvents, WithoutMemoryForAReaderThePanelStays)
+{
+    write("SH", "600000", "a.csv", "x\n1\n");
+    m_panel.setStock("SH600000");
+    {
+        test::FailingMemory failing;
+        EXPECT_NO_THROW(m_panel.slotRequestTimeOut());
+        EXPECT_NO_THROW(m_panel.requestInfo());
+    }
+    ReaderThreads::instance().wait();
+    EXPECT_TRUE(m_panel.m_local->localHeaders.isEmpty());
 }
 
 TEST_F(InformationEvents, PanelsMayEndWhileTheyRead)

@@ -6,6 +6,7 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
+#include <QSignalSpy>
 
 using namespace Kel;
 
@@ -111,6 +112,28 @@ TEST_F(InformationNotices, NoticesOfAnotherInstrumentAndEmptyListsAddNothing)
     QCoreApplication::processEvents();
     EXPECT_EQ(announcements()->rowCount(), 0);
     m_panel.onInfoNotice("SH600000", one);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(announcements()->rowCount(), 1);
+}
+
+TEST_F(InformationNotices, AListIsAddedAsOne)
+{
+    Notices many;
+    for (int i = 0; i < 1000; ++i)
+        many.append(notice("x"));
+    QSignalSpy inserted(announcements()->model(), &QAbstractItemModel::rowsInserted);
+    QSignalSpy changed(announcements()->model(), &QAbstractItemModel::dataChanged);
+    m_panel.updateNotice(many);
+    EXPECT_EQ(announcements()->rowCount(), 1000);
+    EXPECT_EQ(inserted.count(), 1);
+    EXPECT_EQ(changed.count(), 0);
+}
+
+TEST_F(InformationNotices, WhoHandsNoticesOverDoesNotWaitForTheirRows)
+{
+    Notices one{notice("x")};
+    m_panel.onInfoNotice("SH600000", one);
+    EXPECT_EQ(announcements()->rowCount(), 0);
     QCoreApplication::processEvents();
     EXPECT_EQ(announcements()->rowCount(), 1);
 }

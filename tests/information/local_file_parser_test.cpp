@@ -194,3 +194,40 @@ TEST(LocalFileParser, AnEndlessLineIsCutAndTheNextOneRead)
     EXPECT_EQ(parser.rows().firstKey(), "b");
     EXPECT_EQ(parser.rows().lastKey().size(), 64 << 20);
 }
+
+TEST(LocalFileParser, TheFirstLineThatDoesNotFitIntoTheBudgetEndsTheTable)
+{
+    LocalFileParser parser(1000);
+    const std::string text = "date,v\na,1\nb,2\nc," + std::string(1000, 'x') + "\nd,3\n";
+    parser.feed(text.data(), text.size());
+    parser.feed("e,4", 3);
+    parser.finish();
+    EXPECT_TRUE(parser.isFull());
+    EXPECT_EQ(shown(parser), "date|v\na: a|1\nb: b|2");
+    EXPECT_GT(parser.cost(), 0u);
+    EXPECT_LE(parser.cost(), 1000u);
+    EXPECT_FALSE(parsed(text)->isFull());
+}
+
+TEST(LocalFileParser, AHeaderThatDoesNotFitIsNone)
+{
+    LocalFileParser parser(100);
+    parser.feed("a,b,c,d,e,f\n1,2\n", 16);
+    parser.finish();
+    EXPECT_TRUE(parser.isFull());
+    EXPECT_FALSE(parser.hasHeader());
+    EXPECT_TRUE(parser.rows().isEmpty());
+}
+
+TEST(LocalFileParser, LinesOfOneByteCostTheirRows)
+{
+    constexpr std::size_t kBudget = 1 << 20;
+    LocalFileParser parser(kBudget);
+    const std::string lines(kBudget, '\n');
+    parser.feed(lines.data(), lines.size());
+    parser.finish();
+    EXPECT_TRUE(parser.isFull());
+    const auto rows = static_cast<std::size_t>(parser.rows().value("").size());
+    EXPECT_GT(rows, 1000u);
+    EXPECT_LT(rows * (sizeof(LocalRow) + sizeof(QString) + sizeof(QArrayData)), kBudget);
+}

@@ -1,7 +1,12 @@
 // The page that shows the local files.
 
 #include "InformationFixture.h"
+#include "information/LocalTableModel.h"
 #include "platform/toolkit/CComboBox.h"
+#include "platform/toolkit/EventLog.h"
+
+#include <QItemSelectionModel>
+#include <QKeyEvent>
 
 using namespace Kel;
 
@@ -105,6 +110,94 @@ TEST_F(LocalPage, RowsStayUntilTheHostClearsThem)
     EXPECT_EQ(model().rowCount(), 1);
     m_panel.clearTables();
     EXPECT_EQ(model().rowCount(), 0);
-    EXPECT_EQ(model().columnCount(), 0);
     ASSERT_TRUE(read("SH600000", 1));
+    EXPECT_EQ(texts(), (QStringList{"日期", "a"}));
+}
+
+TEST_F(LocalPage, WithoutAFileThereAreTheColumnsOfTheOtherPages)
+{
+    write("SH", "600000", "a.csv", "日期,a\n1,2\n");
+    const auto expectEmpty = [this] {
+        const Zeb::CStandardTable& table = *m_panel.m_tables[3];
+        ASSERT_EQ(model().columnCount(), 7);
+        EXPECT_EQ(texts()[1], "本地资讯日期");
+        EXPECT_EQ(texts()[3], "本地资讯标题");
+        for (int column = 0; column < 7; ++column)
+            EXPECT_EQ(table.isColumnHidden(column), column != 1 && column != 3) << column;
+        EXPECT_EQ(table.columnWidth(1), 70);
+        EXPECT_EQ(table.columnWidth(3), 500);
+        EXPECT_TRUE(table.itemDelegateForColumn(3));
+    };
+    expectEmpty();
+    m_panel.clearTables();
+    expectEmpty();
+    ASSERT_TRUE(read("SH600000", 1));
+    EXPECT_FALSE(m_panel.m_tables[3]->itemDelegateForColumn(3));
+    m_panel.clearTables();
+    expectEmpty();
+    EXPECT_TRUE(chooser()->isHidden());
+}
+
+TEST_F(LocalPage, ChangesOfFilesLeaveNoSelectionModelsBehind)
+{
+    write("SH", "600000", "a.csv", "日期,a\n1,2\n");
+    for (int i = 0; i < 3; ++i) {
+        m_panel.setStock("SZ000001");
+        ASSERT_TRUE(read("SH600000", 1));
+        m_panel.clearTables();
+    }
+    EXPECT_EQ(m_panel.m_tables[3]->findChildren<QItemSelectionModel*>().size(), 1);
+}
+
+TEST_F(LocalPage, ADirectoryWithoutFilesShowsTheEmptyTable)
+{
+    ASSERT_TRUE(QDir().mkpath(folder("SZ", "000001")));
+    write("SH", "600000", "a.csv", "日期,a\n1,2\n");
+    ASSERT_TRUE(read("SH600000", 1));
+    m_panel.setStock("SZ000001");
+    m_panel.requestInfo();
+    EXPECT_TRUE(waitFor([this] { return model().columnCount() == 7; }));
+}
+
+TEST_F(LocalPage, LongTextsAreCut)
+{
+    write("SH", "600000", "a.csv", QByteArray(5000, 't') + ",b\n" + QByteArray(5000, 'x') + ",short\n");
+    ASSERT_TRUE(read("SH600000", 1));
+    EXPECT_EQ(texts()[0], QString(LocalTableModel::kMostText, 't'));
+    EXPECT_EQ(texts(0), (QStringList{QString(LocalTableModel::kMostText, 'x'), "short"}));
+}
+
+TEST_F(LocalPage, ATableOfEndlessRowsIsCut)
+{
+    write("SH", "600000", "a.csv", "x\n" + QByteArray("1\n").repeated(LocalTableModel::kMostRows + 7));
+    ASSERT_TRUE(read("SH600000", LocalTableModel::kMostRows));
+}
+
+TEST_F(LocalPage, ColumnsFitTheirTextsWithinBounds)
+{
+    write("SH", "600000", "a.csv",
+          "日期,b,c\n1," + QByteArray(2000, 'x') + ",一二三四五六七八九十一二三四五\n");
+    ASSERT_TRUE(read("SH600000", 1));
+    const Zeb::CStandardTable& table = *m_panel.m_tables[3];
+    EXPECT_EQ(table.columnWidth(0), 80);
+    EXPECT_EQ(table.columnWidth(1), 400);
+    EXPECT_GT(table.columnWidth(2), table.fontMetrics().horizontalAdvance(texts(0)[2]) + 4);
+    EXPECT_LT(table.columnWidth(2), 400);
+}
+
+TEST_F(LocalPage, AChoiceOfAFileIsNobodyElsesEvent)
+{
+    write("SH", "600000", "a.csv", "日期,a\n1,2\n");
+    write("SH", "600000", "b.csv", "日期,b\n1,2\n3,4\n");
+    ASSERT_TRUE(read("SH600000", 1));
+    test::EventLog host;
+    m_panel.setParent(&host);
+    m_panel.show();
+    QKeyEvent down(QEvent::KeyPress, Qt::Key_Down, Qt::NoModifier);
+    QCoreApplication::sendEvent(chooser(), &down);
+    EXPECT_EQ(chooser()->currentIndex(), 1);
+    EXPECT_EQ(model().rowCount(), 2);
+    EXPECT_TRUE(host.events.empty());
+    EXPECT_FALSE(m_panel.handleEvent(70, 4, 0, QString(), nullptr)) << "that is somebody else's";
+    m_panel.setParent(nullptr);
 }

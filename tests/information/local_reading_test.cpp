@@ -1,7 +1,11 @@
+#include "FailingMemory.h"
 #include "InformationFixture.h"
 #include "platform/LogCapture.h"
+#include "platform/services/RPCEngine.h"
 
 #include <boost/thread/barrier.hpp>
+
+#include <memory>
 
 using namespace Kel;
 
@@ -11,6 +15,20 @@ class LocalReading : public test::InformationTest
 {
 protected:
     QStringList keys() const { return m_local.localHeaders.keys(); }
+
+    /// Whether `shared`, which somebody else holds as well, is let go on the strand "data_release" once
+    /// `drop` was called, and not before.
+    template <class Container, class Drop>
+    static bool isReleasedOnTheStrand(const Container& shared, Drop drop)
+    {
+        boost::barrier blocked(2);
+        net::RPCEngine::getStrand("data_release")->post([&blocked] { blocked.wait(); });
+        drop();
+        const bool keptUntilThen = !shared.isDetached();
+        blocked.wait();
+        net::RPCEngine::drain("data_release");
+        return keptUntilThen && shared.isDetached();
+    }
 
     LocalInformation m_local;
 };
@@ -199,6 +217,80 @@ TEST_F(LocalReading, ReadersOfDifferentInstrumentsOverlap)
     readers.join_all();
     for (auto rows = m_local.localValues.cbegin(); rows != m_local.localValues.cend(); ++rows)
         EXPECT_EQ(rows.value().value("1").size(), 20000) << "files come as a whole";
+}
+
+TEST_F(LocalReading, WithoutARootNothingIsRead)
+{
+    const QString before = QDir::currentPath();
+    write("SH", "600000", "a.csv", "x\n1\n");
+    ASSERT_TRUE(QDir::setCurrent(folder("SH", "600000")));
+    setExternalDataDir(QString());
+    m_local.read("SH600000");
+    QDir::setCurrent(before);
+    EXPECT_EQ(localInformationDirectory("SH", "600000"), "");
+    EXPECT_TRUE(keys().isEmpty());
+}
+
+TEST_F(LocalReading, AReadingEndsWithItsBudgetAndSaysSo)
+{
+    write("SH", "600000", "a.csv", "x\n1\n");
+    write("SH", "600000", "b.csv", "x\n" + QByteArray("1\n").repeated(1000));
+    write("SH", "600000", "c.csv", "x\n" + QByteArray("1\n").repeated(2000));
+    LocalInformation local(20000);
+    testing_support::LogCapture log;
+    local.read("SH600000");
+    EXPECT_EQ(local.localHeaders.keys(), (QStringList{"浦发银行_a", "浦发银行_b"}));
+    const int rows = local.localValues["浦发银行_b"]["1"].size();
+    EXPECT_GT(rows, 10) << "what fits is kept";
+    EXPECT_LT(rows, 400);
+    const auto events = log.events();
+    ASSERT_EQ(events.size(), 3u);
+    EXPECT_THAT(events[0].text, ::testing::HasSubstr("/b.csv"));
+    EXPECT_THAT(events[1].text, ::testing::HasSubstr("/c.csv"));
+    EXPECT_EQ(events[0].level, 40000);
+}
+
+TEST_F(LocalReading, AFileWithoutMemoryForItIsPassedOver)
+{
+    write("SH", "600000", "a.csv", "x\n");
+    write("SH", "600000", "b.csv", "x\n" + QByteArray(54319, '1'));
+    write("SH", "600000", "c.csv", "x\n" + QByteArray(60000, '1'));
+    testing_support::LogCapture log;
+    {
+        test::FailingMemory failing(54321); // the piece that the second file is read in
+        m_local.read("SH600000");
+    }
+    EXPECT_EQ(keys(), (QStringList{"浦发银行_a", "浦发银行_c"}));
+    ASSERT_EQ(log.events().size(), 2u);
+    EXPECT_THAT(log.events()[0].text, ::testing::HasSubstr("/b.csv"));
+}
+
+TEST_F(LocalReading, AReadingThatNobodyWantsAnyMoreStops)
+{
+    write("SH", "600000", "a.csv", "x\n1\n");
+    bool told = false;
+    m_local.setListener([&told](const QString&, const LocalTablesPtr&) { told = true; });
+    m_local.end();
+    m_local.read("SH600000");
+    EXPECT_TRUE(keys().isEmpty());
+    EXPECT_FALSE(told);
+}
+
+TEST_F(LocalReading, WhatWasReadIsFreedOnTheReleaseStrand)
+{
+    write("SH", "600000", "a.csv", "x\n1\n2\n");
+    auto local = std::make_unique<LocalInformation>();
+    LocalTablesPtr tables;
+    local->setListener([&tables](const QString&, const LocalTablesPtr& read) { tables = read; });
+    local->read("SH600000");
+    const QVector<LocalRow> rows = tables->at(0).rows;
+    EXPECT_TRUE(isReleasedOnTheStrand(rows, [&tables] { tables.reset(); }));
+    const QMap<QString, LocalRows> cleared = local->localValues;
+    EXPECT_TRUE(isReleasedOnTheStrand(cleared, [&local] { local->clear(); }));
+    local->read("SH600000");
+    tables.reset();
+    const QMap<QString, LocalRows> gone = local->localValues;
+    EXPECT_TRUE(isReleasedOnTheStrand(gone, [&local] { local.reset(); }));
 }
 
 TEST_F(LocalReading, TheSampleFilesBelongToTheSimulatedInstruments)

@@ -2,6 +2,7 @@
 
 #include "LevelPanelProbes.h"
 
+#include <QPointer>
 #include <QStringList>
 
 using namespace Kel;
@@ -196,6 +197,49 @@ TEST_F(ConciseClicks, TheReceiverMayBeReplacedByItself)
     panel->setPairParamFunc([panel](const QString&) { panel->setPairParamFunc({}); });
     QString message;
     EXPECT_TRUE(panel->doTradeFunc(100, rowY(5), message));
+}
+
+TEST_F(ConciseClicks, OnANarrowPanelTheLabelIsAskedFirst)
+{
+    sendQuote();
+    m_panel.resize(90, 300); // the latest volume takes clicks from 20 on, the label those up to 33
+    EXPECT_EQ(click(25, 6), sent("5", "10", "0"));
+    EXPECT_EQ(click(36, 6), sent("-1", "10", "0"));
+}
+
+TEST_F(ConciseClicks, TheParametersGoOutBeforeTheCellIsMarked)
+{
+    sendQuote();
+    m_panel.press(100, rowY(4));
+    QRect marked;
+    m_panel.setPairParamFunc([&](const QString&) { marked = m_panel.m_clickRect; });
+    m_panel.press(100, rowY(5));
+    EXPECT_EQ(marked, QRect(83, 96, 65, 24));
+    EXPECT_EQ(m_panel.m_clickRect, QRect(83, 120, 65, 24));
+}
+
+TEST_F(ConciseClicks, TheReceiverMayCloseThePanel)
+{
+    QWidget window;
+    QPointer<ConciseProbe> panel = new ConciseProbe;
+    panel->setParent(&window);
+    panel->setStock("SH600000");
+    panel->resize(300, 540);
+    window.show();
+    panel->send(test::fullSnapshot());
+    panel->setPairParamFunc([&panel](const QString&) { delete panel.data(); });
+    panel->press(100, rowY(5));
+    EXPECT_FALSE(panel);
+}
+
+TEST_F(ConciseClicks, AfterAnUnknownCodeNothingIsSent)
+{
+    sendQuote();
+    m_panel.setStock("NOTHING");
+    ASSERT_TRUE(m_panel.m_model.bidLevels[0].valid) << "the rows stay";
+    EXPECT_EQ(click(100, 5), "");
+    m_panel.setStock("SH600000");
+    EXPECT_EQ(click(100, 5), sent("11", "10.01", "0"));
 }
 
 TEST_F(ConciseClicks, TheTipShowsWhileTheMouseIsOverTheHeadRow)

@@ -19,6 +19,19 @@ const QColor& colorOf(const char* key)
     return *utils::CSingletonT<Zeb::CUiResource>::instance().getColor(QLatin1String(key));
 }
 
+/// Counts the calls that wait for a panel in its thread.
+class CallCounter : public QObject
+{
+public:
+    bool eventFilter(QObject*, QEvent* event) override
+    {
+        calls += event->type() == QEvent::MetaCall ? 1 : 0;
+        return false;
+    }
+
+    int calls = 0;
+};
+
 template <class Panel>
 class BothPanels : public ::testing::Test
 {
@@ -224,6 +237,40 @@ TYPED_TEST(BothPanels, QuotesMayComeOnAnyThread)
     feed.join();
     EXPECT_GE(panel.paints(), 1);
     EXPECT_EQ(panel.m_model.bidLevels[0].volume, 200);
+}
+
+TYPED_TEST(BothPanels, QuotesOfAnotherThreadWaitAsOneEvent)
+{
+    this->show();
+    auto& panel = this->m_panel;
+    CallCounter counter;
+    panel.installEventFilter(&counter);
+    for (int round = 1; round <= 2; ++round) {
+        boost::thread feed([&panel, round] {
+            for (int i = 1; i <= 50; ++i) {
+                const auto record = test::fullSnapshot();
+                record->bidVolume[0] = 100 * round + i;
+                panel.quoterCallBack(0, -1, {record}, true);
+            }
+        });
+        feed.join();
+        EXPECT_EQ(panel.paints(), 1);
+        EXPECT_EQ(counter.calls, round);
+    }
+}
+
+TYPED_TEST(BothPanels, OnAScreenOfAnotherResolutionTheBackgroundIsMadeAnew)
+{
+    this->show();
+    auto& panel = this->m_panel;
+    panel.m_background.setDevicePixelRatio(2); // as if it came from there
+    panel.update();
+    panel.paints();
+    EXPECT_EQ(panel.m_background.devicePixelRatioF(), panel.devicePixelRatioF());
+    const qint64 before = panel.m_background.cacheKey();
+    panel.update();
+    panel.paints();
+    EXPECT_EQ(panel.m_background.cacheKey(), before) << "once is enough";
 }
 
 TYPED_TEST(BothPanels, ClearForgetsTheQuoteAndRedrawsIfAsked)

@@ -222,3 +222,70 @@ TEST_F(EngineWaits, FeedCallsReturnWhileAnotherThreadHoldsTheData)
     const boost::recursive_mutex::scoped_lock lock(engine.m_dataMutex);
     EXPECT_NE(list(kBuy, 1000), "no level");
 }
+
+namespace {
+
+/// Hands in history that the level thread cannot take before `meanwhile` has run, and waits until that thread
+/// is done.
+template <class Meanwhile>
+void handIn(EngineProbe& engine, quoter::QuoterBatch history, Meanwhile meanwhile)
+{
+    const boost::weak_ptr<quoter::QuoterBase> last = history.back();
+    {
+        const boost::recursive_mutex::scoped_lock lock(engine.m_dataMutex);
+        engine.quoterCallBack(0, 0, history);
+        history.clear();
+        meanwhile();
+    }
+    EXPECT_TRUE(becomesTrue([&] { return last.expired(); }));
+    const boost::recursive_mutex::scoped_lock lock(engine.m_dataMutex); // sees what the thread did
+}
+
+} // namespace
+
+TEST_F(EngineWaits, PublishedHistoryThatWasHandedInBeforeAClearDoesNotReachTheNewQueue)
+{
+    handIn(engine, publishedQueues(3), [this] {
+        engine.clear(true);
+        engine.setStock("SH600519");
+    });
+    EXPECT_EQ(queues(), "");
+    handIn(engine, publishedQueues(3), [] {});
+    EXPECT_NE(list(kBuy, 1000), "no level") << "what comes after it does";
+}
+
+TEST_F(EngineWaits, PublishedHistoryOfAnInstrumentDoesNotReachTheQueueOfAnother)
+{
+    handIn(engine, publishedQueues(3), [this] { engine.setStock("SZ000001"); });
+    EXPECT_EQ(queues(), "");
+    handIn(engine, publishedQueues(3), [this] {
+        engine.setStock("unknown");
+        engine.setStock("SZ000001");
+    });
+    EXPECT_EQ(queues(), "");
+}
+
+TEST_F(EngineWaits, PublishedHistoryOutlastsAReloadAndTheSameInstrumentChosenAgain)
+{
+    handIn(engine, publishedQueues(3), [this] {
+        deals(0, {deal(900001, 900002, 10.00, 100)}); // opens a reload: the queue is emptied, not the session
+        engine.setStock("SH600519");
+    });
+    EXPECT_NE(list(kBuy, 1000), "no level");
+}
+
+TEST_F(EngineWaits, PublishedHistoryThatIsUnderWayEndsWithAClear)
+{
+    constexpr int kRecords = 20000;
+    for (int round = 0; round < 5; ++round) {
+        quoter::QuoterBatch history = publishedQueues(kRecords);
+        const boost::weak_ptr<quoter::QuoterBase> last = history.back();
+        engine.quoterCallBack(0, 0, history);
+        history.clear();
+        ASSERT_TRUE(becomesTrue([&] { return engine.m_bLevelArrived.exchange(false); }));
+        engine.clear(true);
+        ASSERT_TRUE(becomesTrue([&] { return last.expired(); }));
+        const boost::recursive_mutex::scoped_lock lock(engine.m_dataMutex);
+        EXPECT_EQ(queues(), "");
+    }
+}

@@ -81,6 +81,7 @@ public:
     using CDepthThousandDataWidget::m_maxAmount;
     using CDepthThousandDataWidget::m_maxPrice;
     using CDepthThousandDataWidget::m_minPrice;
+    using CDepthThousandDataWidget::m_pairParamFunc;
     using CDepthThousandDataWidget::m_pixmap;
     using CDepthThousandDataWidget::m_priceAreaWidth;
     using CDepthThousandDataWidget::m_priceWidth;
@@ -97,6 +98,7 @@ public:
     using CDepthThousandDataWidget::m_timer;
     using CDepthThousandDataWidget::m_tipText;
     using CDepthThousandDataWidget::m_totalRows;
+    using CDepthThousandDataWidget::m_tradeDateFunc;
     using CDepthThousandDataWidget::m_visibleRows;
 
 protected:

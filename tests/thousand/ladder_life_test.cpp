@@ -165,6 +165,31 @@ TEST_F(LadderLife, RepaintsForNewsOfRowsOnly)
     EXPECT_EQ(painted(), 0) << "rows that show the same";
 }
 
+TEST_F(LadderLife, SettingsShowWithTheNextNewsOrPainting)
+{
+    feedSmall();
+    painted();
+    panel->setDisplayDataLevel(11);
+    panel->setShowDistribute(false);
+    EXPECT_EQ(panel->getDisplayDataLevel(), 11);
+    EXPECT_FALSE(panel->m_showDistribute);
+    EXPECT_EQ(painted(), 0);
+    panel->slotTimeout();
+    EXPECT_EQ(painted(), 1) << "the switch of the form is news";
+}
+
+TEST_F(LadderLife, KeepsTheFunctionsOfTheHost)
+{
+    EXPECT_FALSE(panel->m_tradeDateFunc);
+    EXPECT_FALSE(panel->m_pairParamFunc);
+    panel->setCurrentTradeDateFunc([] { return 20230201; });
+    QString taken;
+    panel->setPairParamFunc([&](QString text) { taken = text; });
+    EXPECT_EQ(panel->m_tradeDateFunc(), 20230201);
+    panel->m_pairParamFunc("pair");
+    EXPECT_EQ(taken, "pair");
+}
+
 TEST_F(LadderLife, AFullReplacementIsLogged)
 {
     const LogCapture log;

@@ -308,6 +308,7 @@ TEST_F(LadderMouse, TheMenuSwitchesTheDistribution)
     QMenu* menu = openMenu();
     ASSERT_TRUE(menu);
     EXPECT_TRUE(menu->testAttribute(Qt::WA_DeleteOnClose));
+    EXPECT_EQ(menu->pos(), panel->mapToGlobal({20, 20})) << "where the mouse is";
     ASSERT_EQ(menu->actions().size(), 1);
     QAction* action = menu->actions().front();
     EXPECT_EQ(action->text(), "千档委托金额分布");

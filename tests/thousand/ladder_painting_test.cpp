@@ -185,7 +185,7 @@ TEST_F(LadderPainting, TheHoveredCellStandsOnItsGround)
     panel->m_hoverColumn = 1;
     fills = graph().fillsOf(kHover);
     ASSERT_EQ(fills.size(), 1u);
-    EXPECT_EQ(fills[0].rect, QRectF(count(1).adjusted(0, 1, 0, -1)));
+    EXPECT_EQ(fills[0].rect, QRectF(count(1)));
     panel->m_hoverColumn = 2;
     fills = graph().fillsOf(kHover);
     ASSERT_EQ(fills.size(), 1u);
@@ -206,6 +206,10 @@ TEST_F(LadderPainting, TheSelectedLevelStandsOnNavyAcrossTheWidth)
     EXPECT_EQ(fills[0].rect, QRectF(1, top(1), 258, 20));
     panel->m_selectedSide = 1;
     EXPECT_TRUE(background().fillsOf(kNavy).empty()) << "no buy level has that price";
+    click(countAt(4));
+    fills = background().fillsOf(kNavy);
+    ASSERT_EQ(fills.size(), 1u);
+    EXPECT_EQ(fills[0].rect, QRectF(1, top(4), 258, 20));
 }
 
 TEST_F(LadderPainting, TheConciseStyleTakesItsOwnColours)
@@ -227,6 +231,19 @@ TEST_F(LadderPainting, TheConciseStyleTakesItsOwnColours)
     EXPECT_EQ(panel->m_clrRise, resource.getColor("ic_clr_entrust_text_rise"));
     EXPECT_EQ(panel->m_clrFlat, resource.getColor("ic_clr_entrust_default_text"));
     Kel::setConfig(nullptr);
+}
+
+TEST_F(LadderPainting, AnotherThemeRedrawsThePixmap)
+{
+    feedSmall();
+    painted();
+    auto& resource = utils::CSingletonT<Zeb::CUiResource>::instance();
+    for (const char* theme : {"light", "dark"}) {
+        resource.setTheme(QLatin1String(theme));
+        const QImage image = panel->m_pixmap.toImage();
+        EXPECT_EQ(image.pixelColor(130, 5), themeColor("ic_clr_graph_kline_bg")) << theme;
+        EXPECT_EQ(painted(), 1) << theme;
+    }
 }
 
 TEST_F(LadderPainting, InksOnDarkGroundsAreLightInALightTheme)

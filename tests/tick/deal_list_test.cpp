@@ -207,8 +207,17 @@ TEST(DealListSelection, NeverTouchesThePixmapAndIsOutlinedOverIt)
     const QRect row = panel.m_layout.rowRect(6);
     const QColor outline = colorOf("ic_clr_entrust_amount");
     EXPECT_EQ(selected.pixelColor(row.topLeft()), outline);
-    EXPECT_EQ(selected.pixelColor(row.bottomRight()), outline);
+    EXPECT_EQ(selected.pixelColor(row.bottomRight() + QPoint(1, 0)), outline) << "as wide as told";
+    EXPECT_EQ(selected.pixelColor(row.bottomLeft() + QPoint(3, 1)), outline) << "and as high";
     EXPECT_NE(plain.pixelColor(row.topLeft()), outline);
+}
+
+TEST(DealListSelection, OfTheLastLineHasItsLowerEdgeInsideTheWidget)
+{
+    DealPanel panel(540, 90);
+    panel.fill(5);
+    panel.highlightTransaction(4);
+    EXPECT_EQ(panel.grab().toImage().pixelColor(20, 89), colorOf("ic_clr_entrust_amount"));
 }
 
 TEST(DealListClear, DropsRowsSelectionHighlightAndScroll)

@@ -158,6 +158,21 @@ TEST(DealPicture, LotsAboveAThousandHaveTheFontOfBigNumbers)
     EXPECT_EQ(picture->textCommands(QStringLiteral("1001"))[0].font.pixelSize(), big.pixelSize());
 }
 
+TEST(DealPicture, LotsThatAreTooWideAreWrittenNarrowerAndWhole)
+{
+    DealPanel panel;
+    panel.deals({deal(1, 1, 2, 10, 99999999900, at(10, 0, 1))});
+    const QString lots = QStringLiteral("999999999");
+    ASSERT_GT(
+        QFontMetrics(*themeFont("ic_fnt_index_modulegroup_transaction_big_number")).horizontalAdvance(lots),
+        42);
+    const int x = kTime + (panel.m_layout.priceArea - 60) / 2 + 62 + 60;
+    const auto picture = panel.picture();
+    ASSERT_EQ(picture->count(lots), 3) << "and in both halves of the strip";
+    EXPECT_TRUE(picture->text(lots).standsIn(panel.cell(0, x, 42), kRight));
+    EXPECT_LE(QFontMetrics(picture->text(lots).font).horizontalAdvance(lots), 43);
+}
+
 TEST(DealPicture, ADashedLineDividesMinutesButNotAboveTheFirstRow)
 {
     DealPanel panel;

@@ -257,6 +257,42 @@ TEST_F(EntrustLists, TrackingComparesExactlyAndLimitOrdersOnly)
     EXPECT_EQ(orderList.m_trackOrderNo, 0);
 }
 
+namespace {
+
+/// Calls something at the first event that it gets.
+class FirstEvent : public Zeb::CEventHandler
+{
+public:
+    explicit FirstEvent(std::function<void()> action) : m_action(std::move(action)) {}
+    bool handleEvent(int, int first, int, QString, void*) override
+    {
+        numbers.push_back(first);
+        if (numbers.size() == 1)
+            m_action();
+        return true;
+    }
+
+    std::vector<int> numbers;
+
+private:
+    std::function<void()> m_action;
+};
+
+} // namespace
+
+TEST_F(EntrustLists, TrackingGivesTheOrdersThatMatchedThoughTheListChangesInBetween)
+{
+    orders({order(5, 1, 10, 5500, at(10, 0, 1)), order(6, 1, 10, 5500, at(10, 0, 1))});
+    FirstEvent receiver([&] {
+        orders({order(1, 2, 9, 100, at(9, 59, 0)), order(2, 2, 9, 100, at(9, 59, 0))});
+    });
+    orderList.removeReceiver(&sink);
+    orderList.addReceiver(&receiver);
+    orderList.setTrackOrderParam((10 * 3600 + 1) * 1000, 10, 55, 1, 42);
+    EXPECT_EQ(receiver.numbers, (std::vector<int>{5, 6}));
+    EXPECT_EQ(orderList.m_trackOrderNo, 6);
+}
+
 TEST_F(EntrustLists, AClickTogglesAndASecondDoubleClickKeepsTheSelection)
 {
     orders({order(5, 1, 10, 5500, at(10, 0, 1)), order(6, 1, 10, 5500, at(10, 0, 2))});

@@ -154,7 +154,10 @@ TEST(EntrustPanelFilter, SetFilterParamNarrowsBothListsAndTellsTheMark)
     panel.orders({order(5, 1, 10, 100, at(10, 0, 0)), order(6, 2, 10, 100, at(10, 0, 0))});
     panel.deals({cancel(1, 5, 0, 100, at(10, 0, 1)), cancel(2, 6, 6, 100, at(10, 0, 1))});
     SDepthFilterParam param = onlyBuys();
+    QTest::keyClick(panel.orderList(), Qt::Key_Home);
+    ASSERT_EQ(panel.orderList()->selectedRow(), 0);
     panel.setFilterParam(param);
+    EXPECT_EQ(panel.orderList()->selectedRow(), -1) << "another order may have its row now";
     EXPECT_EQ(panel.orderList()->total(), 1);
     EXPECT_EQ(panel.cancelList()->total(), 1);
     EXPECT_EQ(panel.m_orderTitle->count(), 1);

@@ -217,6 +217,7 @@ TEST_F(FilterDialog, RowsStandAsLaidOut)
     const QPoint cancelPlace = place(dialog.button(eCancelControl));
     EXPECT_EQ(cancelPlace.x(), dialog.innerWidget()->width() - 10 - 60);
     EXPECT_EQ(place(dialog.button(eConfirmControl)).x(), cancelPlace.x() - 20 - 60);
+    EXPECT_EQ(cancelPlace.y(), dialog.innerWidget()->height() - 10 - 20) << "at the lower edge";
 }
 
 TEST_F(FilterDialog, TheVolumeComparisonGoesRoundInThree)
@@ -558,9 +559,14 @@ TEST(DealFilter, AConfirmedFilterNarrowsTheList)
     panel.doFilter();
     EXPECT_EQ(panel.m_total, 20);
     EXPECT_EQ(panel.m_filterParam.start, 32400000);
+    panel.highlightTransaction(17);
+    pressConfirm(false);
+    panel.doFilter();
+    EXPECT_EQ(panel.m_selectedIndex, 17);
     pressConfirm(true);
     panel.doFilter();
     EXPECT_EQ(panel.m_total, 6);
+    EXPECT_EQ(panel.m_selectedIndex, -1) << "another deal has its row now";
     EXPECT_EQ(panel.m_filterParam.start, 33300000);
     EXPECT_TRUE(panel.m_model->dirty);
     EXPECT_EQ(panel.findChildren<CDepthFilterSettingDialog*>().size(), 1);

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <vector>
+
 using namespace Kel;
 
 namespace {
@@ -76,4 +79,55 @@ TEST(ListGeometry, GroupsWithoutWidthHaveNoHit)
     none = layout(5, 94);
     EXPECT_LT(none.groupWidth, 1);
     EXPECT_EQ(none.hit(QPoint(3, 30)), -1);
+}
+
+TEST(ListGeometry, AnOutlineGoesAroundItsRowAndStaysInsideTheWidget)
+{
+    EXPECT_EQ(outlineInside(QRect(0, 2, 265, 18), QSize(540, 94)), QRect(0, 2, 265, 18));
+    EXPECT_EQ(outlineInside(QRect(265, 72, 265, 18), QSize(540, 90)), QRect(265, 72, 265, 17));
+    EXPECT_EQ(outlineInside(QRect(0, 0, 100, 18), QSize(100, 18)), QRect(0, 0, 99, 17));
+}
+
+namespace {
+
+/// Counts of rows before in runs of these lengths, one after the other, as far as they are counted.
+std::vector<int> runsOf(const std::vector<int>& lengths)
+{
+    std::vector<int> runs;
+    for (const int length : lengths) {
+        for (int row = 0; row < length; ++row)
+            runs.push_back(std::min(row, 32767));
+    }
+    return runs;
+}
+
+} // namespace
+
+TEST(LastOfRun, IsTheRowBeforeTheNextRunOrTheEnd)
+{
+    const std::vector<int> lengths{1, 2, 5, 1, 1, 32766, 32767, 32768, 32769, 70000, 200000, 3};
+    const std::vector<int> runs = runsOf(lengths);
+    const auto runOf = [&](int row) {
+        return row < static_cast<int>(runs.size()) ? runs[static_cast<std::size_t>(row)] : -1;
+    };
+    int first = 0;
+    for (const int length : lengths) {
+        for (const int row : {first, first + length / 3, first + length / 2, first + length - 1})
+            EXPECT_EQ(lastOfRun(row, runOf), first + length - 1) << "row " << row << " of " << length;
+        first += length;
+    }
+}
+
+TEST(LastOfRun, AsksOfFewRowsHoweverLongTheRunIs)
+{
+    int asked = 0;
+    const auto runOf = [&](int row) {
+        ++asked;
+        return row < 4000000 ? std::min(row, 32767) : -1;
+    };
+    EXPECT_EQ(lastOfRun(30000, runOf), 3999999);
+    EXPECT_LT(asked, 5000);
+    asked = 0;
+    EXPECT_EQ(lastOfRun(3999999, runOf), 3999999);
+    EXPECT_EQ(asked, 1);
 }

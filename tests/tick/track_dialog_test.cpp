@@ -428,6 +428,21 @@ TEST_F(Track, TheTableScrollsByBarWheelAndKeys)
     EXPECT_TRUE(bar->isHidden());
 }
 
+TEST_F(Track, TheKeysBringARowIntoViewThoughTheSliderOfTheOrderBeforeStandsThere)
+{
+    Records many;
+    for (int number = 0; number < 50; ++number)
+        many.push_back(record(1, 100 * (number + 1), 10, 5));
+    show(1, many);
+    CDealTable* const table = dialog.m_deals->table();
+    QTest::keyClick(table, Qt::Key_End);
+    show(1, many); // opens at its top, and the slider stays at the end
+    EXPECT_EQ(picture(table)->count(QStringLiteral("50手")), 0);
+    QTest::keyClick(table, Qt::Key_End);
+    EXPECT_EQ(picture(table)->count(QStringLiteral("50手")), 1);
+    EXPECT_EQ(picture(table)->all(PaintCommand::eRect).size(), 1u) << "the selected row is in view";
+}
+
 TEST_F(Track, ARowOfTheTableIsSelectedByClick)
 {
     show(1, {record(1, 300), record(1, 500)});
@@ -437,7 +452,7 @@ TEST_F(Track, ARowOfTheTableIsSelectedByClick)
     QTest::mouseClick(table, Qt::LeftButton, Qt::NoModifier, second);
     ASSERT_EQ(picture(table)->all(PaintCommand::eRect).size(), 1u);
     const PaintCommand outline = picture(table)->all(PaintCommand::eRect)[0];
-    EXPECT_EQ(outline.rect.topLeft(), QPointF(5, top + 20));
+    EXPECT_EQ(outline.rect, QRectF(5, top + 20, table->width() - 10, 20));
     EXPECT_EQ(outline.color(), colorOf("ic_clr_entrust_amount"));
     QTest::mouseClick(table, Qt::LeftButton, Qt::NoModifier, second);
     EXPECT_TRUE(picture(table)->all(PaintCommand::eRect).empty()) << "a second click deselects";

@@ -141,6 +141,8 @@ void ReplaySession::startAt(std::int64_t timeMs)
     }
     if (to.ladders > 0)
         sendLadder(to.ladders - 1, kStatusFirst);
+    else if (!m_day.ladders.empty())
+        m_sink.onLadders(m_key, m_ladderCalls++, kStatusFirst, wrapped({}, m_day.detail));
     m_at = to;
 }
 

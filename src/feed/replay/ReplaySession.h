@@ -30,7 +30,8 @@ struct ReplayOptions
 /// of deals. So a queue that matches orders against deals has all deals when the orders come. As long as
 /// there are no orders, none are announced: a style of feed without orders stays one. (A receiver tells the
 /// styles apart by whether it holds an order of a history load, so a load whose orders have all ended must be
-/// repeated.) Published queues, snapshots and ladders follow: the latest of each.
+/// repeated.) Published queues, snapshots and ladders follow: the latest of each. Before the first ladder of
+/// a day that has some, an empty batch of status 0 takes away what a receiver may still show.
 ///
 /// Live, each interval of feed time is delivered in one go: orders, deals, published queues, snapshots,
 /// ladders.

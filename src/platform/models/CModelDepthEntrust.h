@@ -35,14 +35,16 @@ namespace Kel {
 /// the order comes it is judged again. `orderCount`, `cancelCount`, the rows and the places in a second are
 /// those of the filtered lists, look-ups by number know no filter.
 ///
-/// Batches of status 0 replace all data of their channel (orders; deals and cancellations), 1, 2 and 3 add
-/// to it, others are ignored, as is a batch of another instrument and every batch while there is none.
+/// Batches of status 0 replace all data of their channel (orders; deals and cancellations) in one step, 1, 2
+/// and 3 add to it, others are ignored, as is a batch of another instrument and every batch while there is
+/// none. What is left of a batch when the model is cleared or gets another instrument is dropped.
 ///
 /// Threads: callbacks on any thread, everything else on the thread of the interface (the look-ups may be
-/// called on any). The model has its own lock and holds it for short slices. Counts are set before flags; a
-/// reader clears a flag and then reads the count. What was handed out never changes and stays valid. A new
-/// filter is applied at once to short lists and in the background to long ones; the old lists stay in force
-/// until the new ones are whole.
+/// called on any). Batches are taken one after the other. The model has its own lock, which lets those who
+/// look pass first and is held for a few milliseconds at most, whatever a batch is like. Counts are set
+/// before flags; a reader clears a flag and then reads the count. What was handed out never changes and stays
+/// valid. A new filter is applied at once to short lists and in the background to long ones; the old lists
+/// stay in force until the new ones are whole.
 class CModelDepthEntrust
 {
 public:
@@ -85,9 +87,10 @@ public:
     int tracebackOrderSeq(int row) const;
     int tracebackCancelSeq(int row) const;
 
-    /// Rows of the filtered list with limit orders of exactly this price (yuan), these lots and this side
-    /// whose whole second stands at this time of the exchange's day (ms since midnight), in order.
-    std::vector<int> findOrders(int timeOfDayMs, double price, int lots, int side) const;
+    /// The limit orders of the filtered list of exactly this price (yuan), these lots and this side whose
+    /// whole second stands at this time of the exchange's day (ms since midnight), in order.
+    std::vector<boost::shared_ptr<DepthOrderData>> findOrders(int timeOfDayMs, double price, int lots,
+                                                              int side) const;
 
     /// Whether a filter is still being applied in the background.
     bool isFiltering() const;
@@ -107,6 +110,10 @@ public:
 
 private:
     struct Rows;
+
+    template <class Take>
+    void take(int status, const boost::shared_ptr<MetaCacheDataWrapper>& data, Take into);
+
     boost::shared_ptr<Rows> m_rows; ///< also held by a filter that is being applied
 };
 

@@ -1,8 +1,8 @@
 #include "platform/models/CModelDepthThousand.h"
 
-#include "platform/models/ladder_flags.h"
 #include "platform/models/ladder_quotes.h"
 #include "platform/models/ladder_units.h"
+#include "platform/models/tick_values.h"
 #include "platform/services/RPCEngine.h"
 #include "records/PriceKey.h"
 #include "records/Tolerance.h"
@@ -31,8 +31,7 @@ bool isLive(int status)
 
 } // namespace
 
-CModelDepthThousand::CModelDepthThousand(int /*id*/, int /*parent*/)
-    : m_book(std::make_unique<OrderBook>()), m_latest(kNoPrice), m_lastVolume(kNoVolume)
+CModelDepthThousand::CModelDepthThousand(int /*id*/, int /*parent*/) : m_book(std::make_unique<OrderBook>())
 {
 }
 
@@ -41,16 +40,19 @@ CModelDepthThousand::~CModelDepthThousand() = default;
 void CModelDepthThousand::setStock(const QString& code)
 {
     LadderInstrument instrument = LadderInstrument::of(code);
-    const ReaderFirstMutex::Writer lock(m_mutex);
+    const ReaderFirstMutex::Reader lock(m_mutex);
     m_instrument = std::move(instrument);
-    m_reload = Reload();
-    emptyBook();
-    m_fed = false;
+    reset();
 }
 
 void CModelDepthThousand::clear()
 {
-    const ReaderFirstMutex::Writer lock(m_mutex);
+    const ReaderFirstMutex::Reader lock(m_mutex);
+    reset();
+}
+
+void CModelDepthThousand::reset()
+{
     m_reload = Reload();
     emptyBook();
     m_fed = false;
@@ -69,49 +71,38 @@ void CModelDepthThousand::emptyBook()
         });
 }
 
-QString CModelDepthThousand::getStockKey() const
-{
-    const ReaderFirstMutex::Reader lock(m_mutex);
-    return m_instrument.stockKey;
-}
-
-double CModelDepthThousand::getPriceTick() const
-{
-    const ReaderFirstMutex::Reader lock(m_mutex);
-    return m_instrument.priceTick;
-}
-
-double CModelDepthThousand::getLastClose() const
-{
-    const ReaderFirstMutex::Reader lock(m_mutex);
-    return m_instrument.lastClose;
-}
-
-int CModelDepthThousand::getVolumeUnit() const
-{
-    const ReaderFirstMutex::Reader lock(m_mutex);
-    return m_instrument.volumeUnit;
-}
-
 // Feed
 // ------------------------------------------------------------------------------------------------------
 
-void CModelDepthThousand::quoterCallback(int /*seq*/, int /*status*/, const MetaCacheDataWrapperPtr& batch)
-{
-    const ReaderFirstMutex::Writer lock(m_mutex);
-    if (m_instrument.owns(batch))
-        m_instrument.takeLastClose(*batch);
-}
-
 void CModelDepthThousand::open(bool Reload::*opened, bool Reload::*other)
 {
-    // The second opening of a reload finds what the first one has brought.
-    if (!m_reload.running || m_reload.*opened || !(m_reload.*other)) {
+    // The second opening of a reload finds what the first one has brought. One that came late may have been
+    // the first of the next reload: then the other follows before anything live, and what both bring again
+    // counts once.
+    const bool joins = m_reload.*other && (!(m_reload.*opened) || m_reload.late);
+    if (!joins) {
         m_reload = Reload();
-        m_reload.running = true;
         emptyBook();
     }
+    m_reload.late = joins && m_reload.live && !(m_reload.*opened);
+    m_reload.live = false;
     m_reload.*opened = true;
+    m_reload.waits = true;
+    m_cover = true;
+}
+
+/// A batch has come to its end.
+void CModelDepthThousand::taken(int status)
+{
+    if (status == kStatusFirst)
+        --m_reload.underWay;
+    if (isLive(status)) {
+        m_reload.live = true;
+        m_reload.late = false;
+    }
+    const bool complete = m_reload.live || (m_reload.ordersOpened && m_reload.dealsOpened);
+    if (complete && m_reload.underWay == 0)
+        m_reload.waits = false;
 }
 
 /// Takes a batch in portions, each under the lock.
@@ -127,8 +118,10 @@ void CModelDepthThousand::take(int status, const MetaCacheDataWrapperPtr& batch,
         const ReaderFirstMutex::Writer lock(m_mutex);
         if (!m_instrument.owns(batch))
             return;
-        if (first && status == kStatusFirst)
+        if (first && status == kStatusFirst) {
             open(opened, other);
+            ++m_reload.underWay;
+        }
         if (first)
             generation = m_generation;
         else if (generation != m_generation)
@@ -140,8 +133,8 @@ void CModelDepthThousand::take(int status, const MetaCacheDataWrapperPtr& batch,
         }
         last = at == batch->data.size();
         m_fed = true;
-        if (last && (isLive(status) || (m_reload.ordersOpened && m_reload.dealsOpened)))
-            m_reload.running = false;
+        if (last)
+            taken(status);
     }
 }
 
@@ -167,12 +160,12 @@ bool CModelDepthThousand::checkUpdate(int& flags, std::vector<boost::shared_ptr<
                                       bool shortForm)
 {
     const ReaderFirstMutex::Reader lock(m_mutex);
-    if (m_reload.running)
+    if (m_reload.waits)
         return false;
     const bool switched = shortForm != m_shortForm;
     const std::optional<OrderBook::Deal>& deal = m_book->newestDeal();
     const double newLatest = deal ? deal->price : kNoPrice;
-    const int newVolume = deal ? toLots(deal->volume, m_instrument.volumeUnit) : kNoVolume;
+    const int newVolume = deal ? lotsFromShares(deal->volume, m_instrument.volumeUnit) : kNoVolume;
     const bool newDeal = newLatest != m_latest || newVolume != m_lastVolume;
     if (m_cover ? !m_fed : !switched && !newDeal && !m_book->changed())
         return false;
@@ -184,15 +177,9 @@ bool CModelDepthThousand::checkUpdate(int& flags, std::vector<boost::shared_ptr<
     flags = report(shortForm) | (newDeal ? kLadderRowData : 0);
     m_cover = false;
     m_fed = false;
-    m_buys.handOut(buys);
-    m_sells.handOut(sells);
+    handOut(buys, sells, minPrice, maxPrice, maxAmount);
     latest = m_latest;
     lastVolume = m_lastVolume;
-    minPrice = kNoLowestPrice;
-    maxPrice = 0;
-    maxAmount = 0;
-    m_buys.addBounds(minPrice, maxPrice, maxAmount);
-    m_sells.addBounds(minPrice, maxPrice, maxAmount);
     return true;
 }
 
@@ -206,12 +193,12 @@ int CModelDepthThousand::report(bool shortForm)
     const auto bring = [&](LadderSide& rows, EOrderQueueType side, const std::vector<int>& keys) {
         LadderSide::News news;
         if (m_cover)
-            news = rows.cover(m_book->best(side, most), unit);
+            news = rows.cover(m_book->best(side, most), most, unit);
         else if (changes.everything)
-            news = rows.replace(m_book->best(side, most), unit);
+            news = rows.replace(m_book->best(side, m_book->levelCount(side)), most, unit);
         else if (!keys.empty())
             news = rows.update(*m_book, keys, most, unit);
-        flags |= (news.size ? kLadderRowCount : 0) | (news.rows ? kLadderRowData : 0);
+        flags |= flagsOf(news);
     };
     bring(m_buys, OQT_BUY, changes.buys);
     bring(m_sells, OQT_SELL, changes.sells);

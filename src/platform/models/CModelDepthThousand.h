@@ -1,9 +1,7 @@
 #pragma once
 
-#include "platform/models/LadderInstrument.h"
-#include "platform/models/LadderSide.h"
+#include "platform/models/LadderModelBase.h"
 #include "platform/models/OrderBook.h"
-#include "platform/models/ladder_lock.h"
 #include "records/EntrustData.h"
 #include "records/MetaCacheDataWrapper.h"
 #include "records/SingleQueue.h"
@@ -25,14 +23,12 @@ namespace Kel {
 /// Every operation may be called on any thread; one lock guards everything. A large batch gives the lock away
 /// now and then, so that a reader never waits for the whole of it. Nothing is thrown. A null batch, one of
 /// another instrument and records of another type are passed over in silence.
-class CModelDepthThousand
+class CModelDepthThousand : public LadderModelBase
 {
 public:
     /// Both numbers are kept for the caller and have no effect.
     CModelDepthThousand(int id, int parent);
     ~CModelDepthThousand();
-    CModelDepthThousand(const CModelDepthThousand&) = delete;
-    CModelDepthThousand& operator=(const CModelDepthThousand&) = delete;
 
     /// Chooses the instrument by the code that the stock manager knows it by and empties the book. An unknown
     /// code leaves no instrument. Nothing is reported before the feed has brought something; the first report
@@ -42,21 +38,13 @@ public:
     /// Empties the book; the instrument stays. Large containers are freed on the strand "data_release".
     void clear();
 
-    /// Market and code of the instrument, "SH600519"; empty without one.
-    QString getStockKey() const;
-    double getPriceTick() const; ///< yuan; 0.01 without an instrument
-    double getLastClose() const; ///< yuan; 0 without one
-    int getVolumeUnit() const;   ///< shares of a lot, at least 1; 100 without an instrument
-
-    /// Depth snapshots: the previous close of the last one is taken, if it has any.
-    void quoterCallback(int seq, int status, const MetaCacheDataWrapperPtr& batch);
-
     /// Orders. Status 0 opens a reload of the instrument's orders, 3 brings more of it, 1 and 2 are live.
     void entrustCallback(int seq, int status, const MetaCacheDataWrapperPtr& batch);
 
-    /// Deals and cancellations, with the same statuses. Orders and deals may come in either order. Whichever
-    /// opens a reload first empties the book, and nothing is reported until the other has opened as well or a
-    /// live batch has come.
+    /// Deals and cancellations, with the same statuses. Orders and deals may come in either order and on two
+    /// threads. Whichever opens a reload first empties the book; the other one joins it, also after live
+    /// batches. Nothing is reported until both have opened or a live batch has come, nor while an opening
+    /// batch is being taken.
     void transactionCallback(int seq, int status, const MetaCacheDataWrapperPtr& batch);
 
     /// True if something has changed since the call before; then all outputs are set: `flags` (see
@@ -77,32 +65,29 @@ public:
     std::size_t heapBytes() const;
 
 private:
-    /// Which batches of a reload have come.
+    /// What has come of a reload.
     struct Reload
     {
-        bool running = false;
+        bool waits = false; ///< nothing is reported
         bool ordersOpened = false;
         bool dealsOpened = false;
+        bool live = false; ///< a live batch came since one of them opened
+        bool late = false; ///< the second of them opened after a live batch, and nothing live came since
+        int underWay = 0;  ///< opening batches that are being taken
     };
 
     template <class Record, class Apply>
     void take(int status, const MetaCacheDataWrapperPtr& batch, bool Reload::*opened, bool Reload::*other,
               Apply apply);
     void open(bool Reload::*opened, bool Reload::*other);
+    void taken(int status);
     void emptyBook();
+    void reset();
     int report(bool shortForm);
 
-    mutable ReaderFirstMutex m_mutex; ///< guards all below
-    LadderInstrument m_instrument;
     std::unique_ptr<OrderBook> m_book;
-    LadderSide m_buys{OQT_BUY};
-    LadderSide m_sells{OQT_SELL};
-    double m_latest;  ///< yuan, as reported last
-    int m_lastVolume; ///< lots, as reported last
     Reload m_reload;
     std::uint64_t m_generation = 0; ///< of the book: batches that began with another one are stale
-    bool m_fed = false;             ///< something came since the last report
-    bool m_cover = true;            ///< the next report replaces everything
     bool m_shortForm = false;       ///< of the last report
 };
 

@@ -20,11 +20,19 @@
 
 namespace Kel {
 
+/// One side of a deal: how much the order behind it is, and what its neighbouring deals cost.
+struct DealSide
+{
+    int lots = 0;             ///< as `getEntrustVolume` tells
+    double previousPrice = 0; ///< yuan, of the order's deal before; not a number without one
+    double nextPrice = 0;     ///< yuan, of the order's deal after; not a number without one
+};
+
 /// The deals of one instrument's day, filtered, with the orders behind them.
 ///
 /// Rows. The whole list holds every deal in order of time tag (second) and deal number; a late deal is put
 /// in its place, a repeated one (same tag and number) is ignored. Not deals, and passed over: cancellations,
-/// records without shares, without a price or with a time that is none. Per deal:
+/// records without shares, without a price above 0 or with a time that is none. Per deal:
 /// * lots: nearest, 1 below a lot;
 /// * `trend`: the price against that of the deal before in the whole list, 0 for the first;
 /// * `activeSide`: what the feed says, else the side of the larger order number; none in an auction;
@@ -35,15 +43,17 @@ namespace Kel {
 ///   number that is not above 0 forms no run and has no links; counting stops at 32767.
 /// `count`, `getData`, the runs and the look-ups by time are those of the filtered list.
 ///
-/// Batches of status 0 replace all data of their channel (deals, orders), 1, 2 and 3 add to it, others are
-/// ignored, as is a batch of another instrument and every batch while there is no instrument. Orders may
-/// come before or after their deals; a repeated order is ignored.
+/// Batches of status 0 replace all data of their channel (deals, orders) in one step, 1, 2 and 3 add to it,
+/// others are ignored, as is a batch of another instrument and every batch while there is no instrument.
+/// Orders may come before or after their deals; a repeated order is ignored. What is left of a batch when the
+/// model is cleared or gets another instrument is dropped.
 ///
 /// Threads: callbacks on any thread, everything else on the thread of the interface (the look-ups may be
-/// called on any). The model has its own lock and holds it for short slices. `count` is set before `dirty`;
-/// a reader clears `dirty` and then reads `count`. A row that was handed out never changes and stays valid;
-/// a changed row is a new one. A new filter is applied at once to a short list and in the background to a
-/// long one; the old list stays in force until the new one is whole.
+/// called on any). Batches are taken one after the other. The model has its own lock, which lets those who
+/// look pass first and is held for a few milliseconds at most, whatever a batch is like. `count` is set
+/// before `dirty`; a reader clears `dirty` and then reads `count`. A row that was handed out never changes
+/// and stays valid; a changed row is a new one. A new filter is applied at once to a short list and in the
+/// background to a long one; the old list stays in force until the new one is whole.
 class CModelDepthTransaction
 {
 public:
@@ -97,6 +107,12 @@ public:
     /// the model's lock: it must be short and must not call the model.
     void visitRows(int first, int last, const std::function<void(int, const DepthTransData&)>& visit) const;
 
+    /// The same with both sides of each row. A caller with many rows asks for them in pieces, so that the
+    /// feed gets the lock in between.
+    void visitSides(int first, int last,
+                    const std::function<void(int, const DepthTransData&, const DealSide& buy,
+                                             const DealSide& sell)>& visit) const;
+
     /// Whether a filter is still being applied in the background.
     bool isFiltering() const;
 
@@ -117,11 +133,19 @@ protected:
     /// that was applied in the background.
     virtual void dataChanged() {}
 
+    /// Index in the whole list of the first deal that is not what it was at the last call, the largest int
+    /// if all are. Links to later deals and the volumes of orders do not count. Any thread.
+    int takeFirstChanged();
+
     /// Whether a batch is one of this model's instrument.
     bool isOwn(const boost::shared_ptr<MetaCacheDataWrapper>& data) const;
 
 private:
     struct Rows;
+
+    template <class Take>
+    void take(int status, const boost::shared_ptr<MetaCacheDataWrapper>& data, Take into);
+
     boost::shared_ptr<Rows> m_rows; ///< also held by a filter that is being applied
 };
 

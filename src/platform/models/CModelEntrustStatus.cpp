@@ -202,7 +202,8 @@ bool CModelEntrustStatus::takeTradedShares(std::int64_t shares)
 {
     if (shares <= 0)
         return false;
-    const int lots = clampToInt(shares / m_volumeUnit);
+    // A trade of less than a lot is a trade: 0 would say that there was none.
+    const int lots = clampToInt(std::max<std::int64_t>(shares / m_volumeUnit, 1));
     const bool changed = lots != newVolume;
     newVolume = lots;
     return changed;

@@ -47,7 +47,7 @@ struct EntrustStatusData
     double priceTick = 0.01;                               ///< yuan
     QVector<EntrustLevel> bidLevels;                       ///< ten; index 0 is buy one
     QVector<EntrustLevel> askLevels;                       ///< ten; index 9 is sell one, index 0 sell ten
-    int newVolume = 0;                                     ///< lots of the latest deal or trading step
+    int newVolume = 0; ///< lots of the latest deal or trading step, at least 1; 0 before the first
 };
 
 /// The latest quote of one instrument: last price, last volume, and ten levels a side with the change of

@@ -1,8 +1,8 @@
 #include "platform/models/CModelQuoterDepthThousand.h"
 
-#include "platform/models/ladder_flags.h"
 #include "platform/models/ladder_quotes.h"
 #include "platform/models/ladder_units.h"
+#include "platform/models/tick_values.h"
 #include "records/PriceKey.h"
 #include "records/Tolerance.h"
 #include "records/record_cast.h"
@@ -19,22 +19,19 @@ constexpr int kStatusHistory = 3;
 
 } // namespace
 
-CModelQuoterDepthThousand::CModelQuoterDepthThousand(int /*id*/, int /*parent*/)
-    : m_latest(kNoPrice), m_lastVolume(kNoVolume)
-{
-}
+CModelQuoterDepthThousand::CModelQuoterDepthThousand(int /*id*/, int /*parent*/) {}
 
 void CModelQuoterDepthThousand::setStock(const QString& code)
 {
     LadderInstrument instrument = LadderInstrument::of(code);
-    const ReaderFirstMutex::Writer lock(m_mutex);
+    const ReaderFirstMutex::Reader lock(m_mutex);
     m_instrument = std::move(instrument);
     forget();
 }
 
 void CModelQuoterDepthThousand::clear()
 {
-    const ReaderFirstMutex::Writer lock(m_mutex);
+    const ReaderFirstMutex::Reader lock(m_mutex);
     forget();
 }
 
@@ -43,38 +40,6 @@ void CModelQuoterDepthThousand::forget()
     m_record.reset();
     m_fed = false;
     m_cover = true;
-}
-
-QString CModelQuoterDepthThousand::getStockKey() const
-{
-    const ReaderFirstMutex::Reader lock(m_mutex);
-    return m_instrument.stockKey;
-}
-
-double CModelQuoterDepthThousand::getPriceTick() const
-{
-    const ReaderFirstMutex::Reader lock(m_mutex);
-    return m_instrument.priceTick;
-}
-
-double CModelQuoterDepthThousand::getLastClose() const
-{
-    const ReaderFirstMutex::Reader lock(m_mutex);
-    return m_instrument.lastClose;
-}
-
-int CModelQuoterDepthThousand::getVolumeUnit() const
-{
-    const ReaderFirstMutex::Reader lock(m_mutex);
-    return m_instrument.volumeUnit;
-}
-
-void CModelQuoterDepthThousand::quoterCallback(int /*seq*/, int /*status*/,
-                                               const MetaCacheDataWrapperPtr& batch)
-{
-    const ReaderFirstMutex::Writer lock(m_mutex);
-    if (m_instrument.owns(batch))
-        m_instrument.takeLastClose(*batch);
 }
 
 void CModelQuoterDepthThousand::ThousandDataCallback(int /*seq*/, int status,
@@ -100,15 +65,15 @@ void CModelQuoterDepthThousand::ThousandDataCallback(int /*seq*/, int status,
     m_fed = true;
 }
 
-/// The best levels of the record that have a price and orders, best first, whatever order they came in.
-std::vector<BookLevel> CModelQuoterDepthThousand::shownLevels(EOrderQueueType side) const
+/// The levels of the record that have a price and orders, best first, whatever order they came in.
+std::vector<BookLevel> CModelQuoterDepthThousand::levels(EOrderQueueType side) const
 {
     std::vector<BookLevel> result;
     if (!m_record)
         return result;
-    const auto& levels = side == OQT_BUY ? m_record->buys : m_record->sells;
-    result.reserve(levels.size());
-    for (const quoter::ThousandLevel& level : levels) {
+    const auto& told = side == OQT_BUY ? m_record->buys : m_record->sells;
+    result.reserve(told.size());
+    for (const quoter::ThousandLevel& level : told) {
         const int key = priceKey(level.price, m_instrument.priceTick);
         if (key > 0 && level.volume > 0)
             result.push_back({key, level.price, level.volume, level.orderCount});
@@ -120,8 +85,6 @@ std::vector<BookLevel> CModelQuoterDepthThousand::shownLevels(EOrderQueueType si
     result.erase(std::unique(result.begin(), result.end(),
                              [](const BookLevel& a, const BookLevel& b) { return a.key == b.key; }),
                  result.end());
-    if (result.size() > kLadderLevels)
-        result.resize(kLadderLevels);
     return result;
 }
 
@@ -135,11 +98,11 @@ bool CModelQuoterDepthThousand::checkUpdate(int& flags, std::vector<boost::share
         return false;
     m_fed = false;
     const int unit = m_instrument.volumeUnit;
-    flags = m_cover ? kLadderCover : 0;
+    int found = m_cover ? kLadderCover : 0;
     const auto bring = [&](LadderSide& rows, EOrderQueueType side) {
-        const std::vector<BookLevel> levels = shownLevels(side);
-        const LadderSide::News news = m_cover ? rows.cover(levels, unit) : rows.replace(levels, unit);
-        flags |= (news.size ? kLadderRowCount : 0) | (news.rows ? kLadderRowData : 0);
+        const std::vector<BookLevel> standing = levels(side);
+        found |= flagsOf(m_cover ? rows.cover(standing, kLadderLevels, unit)
+                                 : rows.replace(standing, kLadderLevels, unit));
     };
     bring(m_buys, OQT_BUY);
     bring(m_sells, OQT_SELL);
@@ -147,18 +110,17 @@ bool CModelQuoterDepthThousand::checkUpdate(int& flags, std::vector<boost::share
 
     const bool dealt = m_record && std::isfinite(m_record->lastPrice) && m_record->lastPrice > 0;
     const double newLatest = dealt ? m_record->lastPrice : kNoPrice;
-    const int newVolume = dealt ? toLots(m_record->lastVolume, unit) : kNoVolume;
+    const int newVolume = dealt ? lotsFromShares(m_record->lastVolume, unit) : kNoVolume;
     if (newLatest != m_latest || newVolume != m_lastVolume)
-        flags |= kLadderRowData;
+        found |= kLadderRowData;
+    const std::int64_t time = m_record ? m_record->m_time : 0;
+    if (found == 0 && time == m_reportedTime)
+        return false;
+    m_reportedTime = time;
+    flags = found;
     m_latest = latest = newLatest;
     m_lastVolume = lastVolume = newVolume;
-    m_buys.handOut(buys);
-    m_sells.handOut(sells);
-    minPrice = kNoLowestPrice;
-    maxPrice = 0;
-    maxAmount = 0;
-    m_buys.addBounds(minPrice, maxPrice, maxAmount);
-    m_sells.addBounds(minPrice, maxPrice, maxAmount);
+    handOut(buys, sells, minPrice, maxPrice, maxAmount);
     return true;
 }
 
@@ -196,6 +158,9 @@ std::shared_ptr<SingleQueue> CModelQuoterDepthThousand::getQueue(bool isBuy, dou
     }
     std::stable_sort(orders.begin(), orders.end(),
                      [](const BookOrder& a, const BookOrder& b) { return a.number < b.number; });
+    orders.erase(std::unique(orders.begin(), orders.end(),
+                             [](const BookOrder& a, const BookOrder& b) { return a.number == b.number; }),
+                 orders.end());
     setQuotes(*queue, orders);
     return queue;
 }

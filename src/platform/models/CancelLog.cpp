@@ -4,23 +4,19 @@
 #include "platform/models/tick_values.h"
 
 #include <algorithm>
+#include <set>
 #include <tuple>
 
 namespace Kel {
 
 namespace {
 
-bool isBefore(const CancelLogRow& left, const CancelLogRow& right)
-{
-    return std::tie(left.time, left.dealNo) < std::tie(right.time, right.dealNo);
-}
-
 bool isRepeat(const CancelLogRow& left, const CancelLogRow& right)
 {
     if (left.time != right.time || left.dealNo != right.dealNo)
         return false;
-    return left.dealNo > 0 ||
-           (left.number() == right.number() && left.rest == right.rest && left.shares == right.shares);
+    return left.dealNo > 0 || (left.number() > 0 && left.number() == right.number() &&
+                               left.rest == right.rest && left.shares == right.shares);
 }
 
 } // namespace
@@ -51,7 +47,7 @@ bool CancelLog::makeRow(const quoter::TransactionData& record, int unit, CancelL
 bool CancelLog::holds(const CancelLogRow& row) const
 {
     if (row.dealNo > 0)
-        return holdsRepeat(*this, row, isBefore, isRepeat);
+        return holdsRepeat(*this, row, isRepeat);
     for (int at = lastCancel(row.number()); at >= 0 && m_rows[at].time >= row.time;
          at = m_rows[at].previous) {
         if (isRepeat(m_rows[at], row))
@@ -60,15 +56,24 @@ bool CancelLog::holds(const CancelLogRow& row) const
     return false;
 }
 
-int CancelLog::merge(std::vector<CancelLogRow>& batch)
+bool CancelLog::isBefore(const CancelLogRow& left, const CancelLogRow& right)
 {
-    if (!std::is_sorted(batch.begin(), batch.end(), isBefore))
-        std::stable_sort(batch.begin(), batch.end(), isBefore);
+    return std::tie(left.time, left.dealNo) < std::tie(right.time, right.dealNo);
+}
+
+void CancelLog::prepare(std::vector<CancelLogRow>& batch) const
+{
+    sortBatch<CancelLog>(batch);
     batch.erase(std::unique(batch.begin(), batch.end(), isRepeat), batch.end());
-    batch.erase(
-        std::remove_if(batch.begin(), batch.end(), [this](const CancelLogRow& row) { return holds(row); }),
-        batch.end());
-    return mergeInOrder(*this, batch, isBefore);
+    // Cancellations without a number stand in one second as they came: a repeat need not follow its first.
+    std::set<std::tuple<std::int32_t, std::uint16_t, std::int32_t, std::int64_t>> unnumbered;
+    const auto isKnown = [&](const CancelLogRow& row) {
+        const bool isNamed = row.dealNo <= 0 && row.number() > 0;
+        if (isNamed && !unnumbered.insert({row.time, row.rest, row.number(), row.shares}).second)
+            return true;
+        return holds(row);
+    };
+    batch.erase(std::remove_if(batch.begin(), batch.end(), isKnown), batch.end());
 }
 
 int CancelLog::lastCancel(std::int32_t number) const

@@ -34,8 +34,8 @@ struct CancelLogRow
     std::int64_t milliseconds() const { return std::int64_t(time) * 1000 + rest; }
 };
 
-/// All cancellations of a day in order of time tag and number of the record. A late one is put in its place.
-/// One thread at a time.
+/// All cancellations of a day in order of time tag and number of the record. A late one is put in its place
+/// (ordered_merge.h). One thread at a time.
 class CancelLog
 {
 public:
@@ -46,10 +46,12 @@ public:
     /// time that a tag cannot hold. `unit` is shares per lot.
     static bool makeRow(const quoter::TransactionData& record, int unit, CancelLogRow& row);
 
-    /// Puts cancellations in their places, in any order. One whose time tag and number are there is ignored;
-    /// without a number (not above 0) it is known by its order, time and shares. Gives the index of the
-    /// first row that is not as it was, `size()` if nothing was added.
-    int merge(std::vector<CancelLogRow>& batch);
+    static bool isBefore(const CancelLogRow& left, const CancelLogRow& right);
+
+    /// Puts a batch in order and takes those cancellations out of it that are repeats: their time tag and
+    /// number are there, or came before in the batch. Without a number (not above 0) a cancellation is known
+    /// by its order, time and shares; one that names no order either is never taken for a repeat.
+    void prepare(std::vector<CancelLogRow>& batch) const;
 
     /// Index of the last cancel of an order, -1 for none.
     int lastCancel(std::int32_t number) const;
@@ -57,10 +59,10 @@ public:
     /// Fills a row as it is handed out.
     void fill(int index, DepthCancelData& into) const;
 
-    /// Puts a cancellation at the end, which is its place; a merge does it.
+    /// Puts a cancellation at the end, which is its place.
     void append(const CancelLogRow& row);
 
-    /// Takes the last cancellation away; a merge does it.
+    /// Takes the last cancellation away.
     void removeLast();
 
     std::size_t heapBytes() const { return m_rows.heapBytes() + m_last.heapBytes(); }

@@ -11,11 +11,6 @@ namespace Kel {
 
 namespace {
 
-bool isBefore(const DealRow& left, const DealRow& right)
-{
-    return std::tie(left.time, left.dealNo) < std::tie(right.time, right.dealNo);
-}
-
 bool isRepeat(const DealRow& left, const DealRow& right)
 {
     return left.dealNo > 0 && left.dealNo == right.dealNo && left.time == right.time;
@@ -38,7 +33,8 @@ void DealLog::Head::setShares(std::uint64_t shares)
 
 bool DealLog::makeRow(const quoter::TransactionData& record, int unit, DealRow& row)
 {
-    if (record.kind == quoter::eTransactionCancel || record.volume <= 0 || !isPrice(record.price))
+    if (record.kind == quoter::eTransactionCancel || record.volume <= 0 || !isPrice(record.price) ||
+        !isPositive(record.price))
         return false;
     row = DealRow();
     if (!timeTag(record.m_time, row.time, row.rest))
@@ -54,16 +50,19 @@ bool DealLog::makeRow(const quoter::TransactionData& record, int unit, DealRow& 
     return true;
 }
 
-int DealLog::merge(std::vector<DealRow>& batch)
+bool DealLog::isBefore(const DealRow& left, const DealRow& right)
 {
-    if (!std::is_sorted(batch.begin(), batch.end(), isBefore))
-        std::stable_sort(batch.begin(), batch.end(), isBefore);
+    return std::tie(left.time, left.dealNo) < std::tie(right.time, right.dealNo);
+}
+
+void DealLog::prepare(std::vector<DealRow>& batch) const
+{
+    sortBatch<DealLog>(batch);
     batch.erase(std::unique(batch.begin(), batch.end(), isRepeat), batch.end());
     const auto isThere = [this](const DealRow& row) {
-        return row.dealNo > 0 && holdsRepeat(*this, row, isBefore, isRepeat);
+        return row.dealNo > 0 && holdsRepeat(*this, row, isRepeat);
     };
     batch.erase(std::remove_if(batch.begin(), batch.end(), isThere), batch.end());
-    return mergeInOrder(*this, batch, isBefore);
 }
 
 void DealLog::append(const DealRow& given)

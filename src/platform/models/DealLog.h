@@ -35,28 +35,29 @@ struct DealRow
 };
 
 /// All deals of a day in order of time tag and deal number, with the links between the deals of one order
-/// and what the price did. A late deal is put in its place, which renumbers the deals after it. One thread
-/// at a time.
+/// and what the price did. A late deal is put in its place (ordered_merge.h), which renumbers the deals after
+/// it. One thread at a time.
 class DealLog
 {
 public:
     int size() const { return m_rows.size(); }
     const DealRow& operator[](int index) const { return m_rows[index]; }
 
-    /// A deal of the feed as a row; false for a record that is no deal: a cancellation, no shares, no price,
-    /// or a time that a tag cannot hold. `unit` is shares per lot.
+    /// A deal of the feed as a row; false for a record that is no deal: a cancellation, no shares, no price
+    /// above 0, or a time that a tag cannot hold. `unit` is shares per lot.
     static bool makeRow(const quoter::TransactionData& record, int unit, DealRow& row);
 
-    /// Puts deals in their places, in any order. A deal whose time tag and number are there is ignored; one
-    /// without a number (not above 0) is never taken for a repeat. Gives the index of the first row that is
-    /// not as it was, `size()` if nothing was added; the deals in `batch` are used up. A link of a row before
-    /// that index may have changed as well.
-    int merge(std::vector<DealRow>& batch);
+    static bool isBefore(const DealRow& left, const DealRow& right);
 
-    /// Puts a deal at the end, which is its place; a merge does it.
+    /// Puts a batch in order and takes those deals out of it that are repeats: their time tag and number are
+    /// there, or came before in the batch. A deal without a number (not above 0) is never taken for one.
+    void prepare(std::vector<DealRow>& batch) const;
+
+    /// Puts a deal at the end, which is its place: none of the log comes after it. Links of rows before may
+    /// change.
     void append(const DealRow& row);
 
-    /// Takes the last deal away; a merge does it.
+    /// Takes the last deal away.
     void removeLast();
 
     /// Index of the last deal of an order on one side, -1 for none.

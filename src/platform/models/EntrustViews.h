@@ -6,6 +6,7 @@
 #include "records/SDepthFilterParam.h"
 
 #include <cstddef>
+#include <utility>
 #include <vector>
 
 namespace Kel {
@@ -29,6 +30,9 @@ public:
     /// Forget all rows of a log from `index` on.
     void truncateOrders(int index) { m_orders.truncate(index); }
     void truncateCancels(int index) { m_cancels.truncate(index); }
+
+    /// Exchanges the lists of cancels.
+    void swapCancels(EntrustViews& other) { std::swap(m_cancels, other.m_cancels); }
 
     /// Judges cancels anew whose orders have become known: indexes of the log, in order. True if the list
     /// is another one then.

@@ -1,6 +1,6 @@
 #include "platform/models/LadderSide.h"
 
-#include "platform/models/ladder_units.h"
+#include "platform/models/tick_values.h"
 #include "records/Tolerance.h"
 
 #include <boost/make_shared.hpp>
@@ -22,7 +22,7 @@ LadderSide::Row LadderSide::makeRow(const BookLevel& level, std::int32_t reporte
 {
     const auto data = boost::make_shared<EntrustData>();
     data->price = level.price;
-    data->volume = toLots(level.volume, unit);
+    data->volume = lotsFromShares(level.volume, unit);
     data->change = clampToInt(std::int64_t(data->volume) - (reported == kNever ? 0 : reported));
     data->orderCount = level.orderCount;
     return {level.key, data->volume, reported, level.price, data->volume * level.price, data};
@@ -42,7 +42,7 @@ LadderSide::Row LadderSide::newRow(const BookLevel& level, int unit)
 /// False if the row's data is what the level says.
 bool LadderSide::renew(Row& row, const BookLevel& level, int unit)
 {
-    if (row.lots == toLots(level.volume, unit) && row.data->orderCount == level.orderCount &&
+    if (row.lots == lotsFromShares(level.volume, unit) && row.data->orderCount == level.orderCount &&
         isEqual(row.price, level.price))
         return false;
     row = makeRow(level, row.reported, unit);
@@ -63,26 +63,29 @@ void LadderSide::settle()
         row.reported = row.lots;
 }
 
-LadderSide::News LadderSide::cover(const std::vector<BookLevel>& levels, int unit)
+LadderSide::News LadderSide::cover(const std::vector<BookLevel>& levels, std::size_t most, int unit)
 {
+    const std::size_t count = std::min(levels.size(), most);
     News news;
-    news.size = levels.size() != m_rows.size();
-    news.rows = !levels.empty() || !m_rows.empty();
+    news.size = count != m_rows.size();
+    news.rows = count > 0 || !m_rows.empty();
     clear();
-    m_rows.reserve(levels.size());
-    for (const BookLevel& level : levels)
-        m_rows.push_back(makeRow(level, toLots(level.volume, unit), unit));
+    m_rows.reserve(count);
+    for (std::size_t i = 0; i < count; ++i)
+        m_rows.push_back(makeRow(levels[i], lotsFromShares(levels[i].volume, unit), unit));
     settle();
     return news;
 }
 
-LadderSide::News LadderSide::replace(const std::vector<BookLevel>& levels, int unit)
+LadderSide::News LadderSide::replace(const std::vector<BookLevel>& levels, std::size_t most, int unit)
 {
+    const std::size_t count = std::min(levels.size(), most);
     News news;
-    news.size = levels.size() != m_rows.size();
+    news.size = count != m_rows.size();
     m_next.clear();
     std::size_t at = 0;
-    for (const BookLevel& level : levels) {
+    for (std::size_t i = 0; i < count; ++i) {
+        const BookLevel& level = levels[i];
         for (; at < m_rows.size() && isBetter(m_rows[at].key, level.key); ++at)
             news.rows = true;
         if (at < m_rows.size() && m_rows[at].key == level.key) {
@@ -93,11 +96,13 @@ LadderSide::News LadderSide::replace(const std::vector<BookLevel>& levels, int u
             m_next.push_back(newRow(level, unit));
         }
     }
-    news.rows |= at < m_rows.size();
+    for (; at < m_rows.size(); ++at) {
+        news.rows = true;
+        drop(m_rows[at]);
+    }
     m_rows.swap(m_next);
     m_next.clear();
-    // Nobody tells which of the levels that are not shown still stand.
-    m_unseen.clear();
+    forgetAllBut(levels);
     settle();
     return news;
 }
@@ -164,6 +169,16 @@ void LadderSide::forget(const OrderBook& book, const std::vector<int>& keys)
         if (!book.level(m_side, key))
             m_unseen.erase(key);
     }
+}
+
+void LadderSide::forgetAllBut(const std::vector<BookLevel>& levels)
+{
+    absl::erase_if(m_unseen, [&](const auto& unseen) {
+        const auto at =
+            std::lower_bound(levels.begin(), levels.end(), unseen.first,
+                             [this](const BookLevel& level, int key) { return isBetter(level.key, key); });
+        return at == levels.end() || at->key != unseen.first;
+    });
 }
 
 void LadderSide::handOut(Rows& rows) const

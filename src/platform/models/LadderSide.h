@@ -33,11 +33,11 @@ public:
     /// Forgets all rows without a word.
     void clear();
 
-    /// All rows anew, with change 0: `levels` are those to show, best first.
-    News cover(const std::vector<BookLevel>& levels, int unit);
+    /// All rows anew, with change 0: at most `most` of `levels`, best first, are shown.
+    News cover(const std::vector<BookLevel>& levels, std::size_t most, int unit);
 
-    /// Any row may have changed: `levels` are those to show, best first.
-    News replace(const std::vector<BookLevel>& levels, int unit);
+    /// Any row may have changed: `levels` are all that stand, best first; at most `most` are shown.
+    News replace(const std::vector<BookLevel>& levels, std::size_t most, int unit);
 
     /// The prices in `keys`, ascending, were touched: at most `most` rows are shown. The cost is that of the
     /// touched rows and of a look at each shown one.
@@ -69,6 +69,7 @@ private:
     static bool renew(Row& row, const BookLevel& level, int unit);
     void drop(const Row& row);
     void forget(const OrderBook& book, const std::vector<int>& keys);
+    void forgetAllBut(const std::vector<BookLevel>& levels);
     void settle();
 
     EOrderQueueType m_side;

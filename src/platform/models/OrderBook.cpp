@@ -21,6 +21,9 @@ constexpr std::int64_t kMostShares = 1000000000000;
 /// ever.
 constexpr std::size_t kMostTouched = 4096;
 
+/// 2100-01-01 UTC in milliseconds: no record is of a later moment.
+constexpr std::int64_t kEndOfTimes = 4102444800000;
+
 #ifdef DEPTH_CHECK_INVARIANTS
 constexpr unsigned kKeysChecked = 512; // prices above the lowest one that take turns
 #endif
@@ -28,6 +31,11 @@ constexpr unsigned kKeysChecked = 512; // prices above the lowest one that take 
 bool isPrice(double price)
 {
     return std::isfinite(price) && price > 0;
+}
+
+std::int64_t momentOf(const quoter::QuoterBase& record)
+{
+    return record.m_time >= 0 && record.m_time < kEndOfTimes ? record.m_time : 0;
 }
 
 } // namespace
@@ -45,11 +53,12 @@ bool OrderBook::addOrder(const quoter::OrderData& order)
     const auto [entry, isNew] = m_index.try_emplace(order.entrustNo, kNone);
     if (!isNew && (entry->second == kNone || node(entry->second).level != kNone))
         return false;
-    m_newestTime = std::max(m_newestTime, order.m_time);
+    m_newestTime = std::max(m_newestTime, momentOf(order));
 
     const std::int64_t volume = std::min(order.volume, kMostShares);
     const int key = priceKey(order.price, m_tick);
-    const std::int64_t dealt = isNew ? 0 : node(entry->second).dealt;
+    const auto side = static_cast<EOrderQueueType>(order.side);
+    const std::int64_t dealt = isNew ? 0 : waitingShares(node(entry->second), side);
     if (key <= 0 || dealt >= volume) {
         if (!isNew)
             freeNode(entry->second);
@@ -61,9 +70,10 @@ bool OrderBook::addOrder(const quoter::OrderData& order)
     const Index at = entry->second;
     Node& entered = node(at);
     entered.number = order.entrustNo;
-    entered.time = order.m_time;
+    entered.time = momentOf(order);
     entered.volume = volume;
-    enter(at, static_cast<EOrderQueueType>(order.side), key, order.price);
+    entered.dealt = dealt;
+    enter(at, side, key, order.price);
     return true;
 }
 
@@ -74,13 +84,13 @@ bool OrderBook::addDeal(const quoter::TransactionData& deal)
         const std::int64_t number = deal.buyNo != 0 ? deal.buyNo : deal.sellNo;
         if (number == 0)
             return false;
-        m_newestTime = std::max(m_newestTime, deal.m_time);
+        m_newestTime = std::max(m_newestTime, momentOf(deal));
         end(number);
         return true;
     }
     if (deal.volume <= 0 || (deal.dealNo != 0 && !m_dealNumbers.insert(deal.dealNo).second))
         return false;
-    m_newestTime = std::max(m_newestTime, deal.m_time);
+    m_newestTime = std::max(m_newestTime, momentOf(deal));
     keepNewest(deal);
     const std::int64_t volume = std::min(deal.volume, kMostShares);
     applyDeal(deal.buyNo, OQT_BUY, volume);
@@ -92,11 +102,12 @@ void OrderBook::keepNewest(const quoter::TransactionData& deal)
 {
     if (!isPrice(deal.price))
         return;
+    const std::int64_t time = momentOf(deal);
     if (m_newestDeal &&
-        (deal.m_time < m_newestDealTime || (deal.m_time == m_newestDealTime && deal.dealNo < m_newestDealNo)))
+        (time < m_newestDealTime || (time == m_newestDealTime && deal.dealNo < m_newestDealNo)))
         return;
     m_newestDeal = Deal{deal.price, deal.volume};
-    m_newestDealTime = deal.m_time;
+    m_newestDealTime = time;
     m_newestDealNo = deal.dealNo;
 }
 
@@ -109,7 +120,7 @@ void OrderBook::applyDeal(std::int64_t number, EOrderQueueType side, std::int64_
         entry->second = takeNode();
         Node& waiting = node(entry->second);
         waiting.number = number;
-        waiting.dealt = volume;
+        waitingShares(waiting, side) = volume;
         return;
     }
     const Index at = entry->second;
@@ -117,7 +128,8 @@ void OrderBook::applyDeal(std::int64_t number, EOrderQueueType side, std::int64_
         return;
     Node& dealt = node(at);
     if (dealt.level == kNone) {
-        dealt.dealt = std::min(dealt.dealt + volume, kMostShares);
+        std::int64_t& shares = waitingShares(dealt, side);
+        shares = std::min(shares + volume, kMostShares);
         return;
     }
     Level& level = levelAt(dealt.level);

@@ -41,10 +41,11 @@ struct BookLevel
 /// The book of one instrument by order number and by price, rebuilt from single orders and deals.
 ///
 /// Orders and deals may come in either order and late: a deal or a cancellation whose order is not known yet
-/// waits for it. Nothing is applied twice: an order counts by its number, a deal by its own number (a deal
-/// without one, number 0, always counts), a cancellation ends its order for good. A finished order leaves at
-/// once, and with the last order its level. An order whose price has key 0 stands nowhere; its deals are
-/// dropped.
+/// waits for it. A deal is one of a buy and of a sell order: a number that turns out to be an order of the
+/// other side has nothing of it. Nothing is applied twice: an order counts by its number, a deal by its own
+/// number (a deal without one, number 0, always counts), a cancellation ends its order for good. A finished
+/// order leaves at once, and with the last order its level. An order whose price has key 0 stands nowhere;
+/// its deals are dropped.
 ///
 /// The book keeps account of the levels that were touched since they were last asked for, so that a reader
 /// pays for what changed and not for what stands. One thread at a time; nothing is thrown; records that make
@@ -63,7 +64,9 @@ public:
     /// False if the record was passed over or the number is known.
     bool addOrder(const quoter::OrderData& order);
 
-    /// A deal or a cancellation. False if it was passed over or counted before.
+    /// A deal or a cancellation. False if it was passed over or counted before. A time before 1970 or after
+    /// 2099 counts as 0, here and of orders: one broken record must not be the newest for the rest of the
+    /// day.
     bool addDeal(const quoter::TransactionData& deal);
 
     // Reading
@@ -88,7 +91,8 @@ public:
     std::size_t orderCount() const { return m_standing; }
 
     /// Price (yuan) and volume (shares) of the newest deal: the latest by time, of several of one time the
-    /// one with the highest number. Nothing before the first deal.
+    /// one with the highest number. Nothing before the first deal. A time that cannot be one (see `addDeal`)
+    /// is older than all others.
     struct Deal
     {
         double price = 0;
@@ -124,13 +128,13 @@ private:
     using Index = std::int32_t;
     static constexpr Index kNone = -1;
 
-    /// A standing order, or deals that wait for their order (`level` is kNone, `volume` 0).
+    /// A standing order, or deals that wait for their order (`level` is kNone).
     struct Node
     {
         std::int64_t number = 0;
         std::int64_t time = 0;
-        std::int64_t volume = 0;
-        std::int64_t dealt = 0;
+        std::int64_t volume = 0; ///< of deals that wait: shares dealt as a sell order
+        std::int64_t dealt = 0;  ///< of deals that wait: shares dealt as a buy order
         Index level = kNone;
         Index previous = kNone; ///< in the level
         Index next = kNone;     ///< in the level, or of the next free node
@@ -156,6 +160,11 @@ private:
     const Node& node(Index at) const { return m_nodes[static_cast<std::size_t>(at)]; }
     Level& levelAt(Index at) { return m_levels[static_cast<std::size_t>(at)]; }
     const Level& levelAt(Index at) const { return m_levels[static_cast<std::size_t>(at)]; }
+
+    static std::int64_t& waitingShares(Node& node, EOrderQueueType side)
+    {
+        return side == OQT_BUY ? node.dealt : node.volume;
+    }
 
     Index takeNode();
     void freeNode(Index at);

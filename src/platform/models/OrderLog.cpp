@@ -4,20 +4,13 @@
 #include "platform/models/ordered_merge.h"
 #include "platform/models/tick_values.h"
 
+#include <absl/container/flat_hash_set.h>
+
 #include <algorithm>
 #include <limits>
 #include <tuple>
 
 namespace Kel {
-
-namespace {
-
-bool isBefore(const OrderLogRow& left, const OrderLogRow& right)
-{
-    return std::tie(left.time, left.number) < std::tie(right.time, right.number);
-}
-
-} // namespace
 
 bool OrderLog::makeRow(const quoter::OrderData& record, int unit, OrderLogRow& row)
 {
@@ -34,15 +27,20 @@ bool OrderLog::makeRow(const quoter::OrderData& record, int unit, OrderLogRow& r
     return true;
 }
 
-int OrderLog::merge(std::vector<OrderLogRow>& batch)
+bool OrderLog::isBefore(const OrderLogRow& left, const OrderLogRow& right)
 {
-    // The place of a number is set anew when its row is put in; until then it only says that it is taken.
-    const auto isThere = [this](const OrderLogRow& row) { return !m_places.insert(row.number, -1); };
+    return std::tie(left.time, left.number) < std::tie(right.time, right.number);
+}
+
+void OrderLog::prepare(std::vector<OrderLogRow>& batch) const
+{
+    absl::flat_hash_set<std::int32_t> numbers;
+    numbers.reserve(batch.size());
+    const auto isThere = [&](const OrderLogRow& row) {
+        return find(row.number) >= 0 || !numbers.insert(row.number).second;
+    };
     batch.erase(std::remove_if(batch.begin(), batch.end(), isThere), batch.end());
-    if (!std::is_sorted(batch.begin(), batch.end(), isBefore))
-        std::stable_sort(batch.begin(), batch.end(), isBefore);
-    std::vector<OrderLogRow> rows = batch;
-    return mergeInOrder(*this, rows, isBefore);
+    sortBatch<OrderLog>(batch);
 }
 
 int OrderLog::find(std::int32_t number) const

@@ -23,8 +23,8 @@ struct OrderLogRow
     std::int32_t lots = 0;
 };
 
-/// All orders of a day in order of time tag and number. A late order is put in its place. One thread at a
-/// time.
+/// All orders of a day in order of time tag and number. A late order is put in its place (ordered_merge.h).
+/// One thread at a time.
 class OrderLog
 {
 public:
@@ -35,10 +35,11 @@ public:
     /// that of a row, or whose time a tag cannot hold. `unit` is shares per lot.
     static bool makeRow(const quoter::OrderData& record, int unit, OrderLogRow& row);
 
-    /// Puts orders in their places, in any order; one whose number is there is ignored. Gives the index of
-    /// the first row that is not as it was, `size()` if nothing was added. `batch` is left with the orders
-    /// that were new.
-    int merge(std::vector<OrderLogRow>& batch);
+    static bool isBefore(const OrderLogRow& left, const OrderLogRow& right);
+
+    /// Puts a batch in order and takes those orders out of it whose number is there, or came before in the
+    /// batch.
+    void prepare(std::vector<OrderLogRow>& batch) const;
 
     /// Index of an order by number, -1 when unknown.
     int find(std::int32_t number) const;
@@ -46,10 +47,10 @@ public:
     /// Fills a row as it is handed out.
     void fill(int index, DepthOrderData& into) const;
 
-    /// Puts an order at the end, which is its place; a merge does it.
+    /// Puts an order at the end, which is its place.
     void append(const OrderLogRow& row);
 
-    /// Takes the last order away; a merge does it.
+    /// Takes the last order away.
     void removeLast();
 
     std::size_t heapBytes() const { return m_rows.heapBytes() + m_places.heapBytes(); }

@@ -9,7 +9,7 @@ namespace Kel {
 bool isNewOrder(const quoter::OrderData& record)
 {
     return record.kind != quoter::eOrderNotStanding && record.entrustNo > 0 && record.volume > 0 &&
-           isPrice(record.price);
+           isPrice(record.price) && !isNegative(record.price);
 }
 
 bool OrderTable::add(const quoter::OrderData& record)

@@ -12,6 +12,7 @@ namespace Kel {
 
 namespace {
 
+using Lock = ReaderFirstMutex::Reader;
 using Record = boost::shared_ptr<quoter::TransactionData>;
 
 Record recordOf(const DealRow& deal)
@@ -64,7 +65,7 @@ bool isBefore(const Record& left, const Record& right)
 
 boost::shared_ptr<DepthOrderData> CModelDepthEntrust::getOrderData(int row, bool whole) const
 {
-    const std::lock_guard<std::mutex> lock(m_rows->mutex);
+    const Lock lock(m_rows->mutex);
     Rows& rows = *m_rows;
     if (whole)
         return rows.wholeOrderPages.get(
@@ -79,7 +80,7 @@ boost::shared_ptr<DepthOrderData> CModelDepthEntrust::getOrderData(int row, bool
 bool CModelDepthEntrust::getOrderData(int number, boost::shared_ptr<DepthOrderData>& order) const
 {
     order.reset();
-    const std::lock_guard<std::mutex> lock(m_rows->mutex);
+    const Lock lock(m_rows->mutex);
     const int place = m_rows->orders->find(number);
     if (place < 0)
         return false;
@@ -90,7 +91,7 @@ bool CModelDepthEntrust::getOrderData(int number, boost::shared_ptr<DepthOrderDa
 
 boost::shared_ptr<DepthCancelData> CModelDepthEntrust::getCancelData(int row) const
 {
-    const std::lock_guard<std::mutex> lock(m_rows->mutex);
+    const Lock lock(m_rows->mutex);
     Rows& rows = *m_rows;
     const FilteredIndexes& view = rows.views->cancels();
     return rows.cancelPages.get(
@@ -104,7 +105,7 @@ bool CModelDepthEntrust::getTransactionData(int number, std::list<Record>& recor
     if (number <= 0)
         return false;
     {
-        const std::lock_guard<std::mutex> lock(m_rows->mutex);
+        const Lock lock(m_rows->mutex);
         for (const int at : dealsOf(*m_rows->deals, number))
             records.push_back(recordOf((*m_rows->deals)[at]));
         for (int at = m_rows->cancels->lastCancel(number); at >= 0; at = (*m_rows->cancels)[at].previous)
@@ -116,24 +117,25 @@ bool CModelDepthEntrust::getTransactionData(int number, std::list<Record>& recor
 
 int CModelDepthEntrust::tracebackOrderSeq(int row) const
 {
-    const std::lock_guard<std::mutex> lock(m_rows->mutex);
+    const Lock lock(m_rows->mutex);
     const FilteredIndexes& view = m_rows->views->orders();
     return placeInSecond(row, view.size(), [&](int at) { return (*m_rows->orders)[view.at(at)].time; });
 }
 
 int CModelDepthEntrust::tracebackCancelSeq(int row) const
 {
-    const std::lock_guard<std::mutex> lock(m_rows->mutex);
+    const Lock lock(m_rows->mutex);
     const FilteredIndexes& view = m_rows->views->cancels();
     return placeInSecond(row, view.size(), [&](int at) { return (*m_rows->cancels)[view.at(at)].time; });
 }
 
-std::vector<int> CModelDepthEntrust::findOrders(int timeOfDayMs, double price, int lots, int side) const
+std::vector<boost::shared_ptr<DepthOrderData>> CModelDepthEntrust::findOrders(int timeOfDayMs, double price,
+                                                                              int lots, int side) const
 {
-    std::vector<int> found;
+    std::vector<boost::shared_ptr<DepthOrderData>> found;
     if (timeOfDayMs < 0 || timeOfDayMs % 1000 != 0 || timeOfDayMs / 1000 >= kSecondsPerDay)
         return found;
-    const std::lock_guard<std::mutex> lock(m_rows->mutex);
+    const Lock lock(m_rows->mutex);
     const OrderLog& orders = *m_rows->orders;
     const FilteredIndexes& view = m_rows->views->orders();
     const auto timeOf = [&](int row) { return orders[view.at(row)].time; };
@@ -145,8 +147,10 @@ std::vector<int> CModelDepthEntrust::findOrders(int timeOfDayMs, double price, i
         for (int at = rows.first; at >= 0 && at <= rows.second; ++at) {
             const OrderLogRow& order = orders[view.at(at)];
             if (order.price == price && order.lots == lots && order.side == side &&
-                order.kind == quoter::eOrderLimit)
-                found.push_back(at);
+                order.kind == quoter::eOrderLimit) {
+                found.push_back(boost::make_shared<DepthOrderData>());
+                orders.fill(view.at(at), *found.back());
+            }
         }
         row = firstNotBefore(view.size(), clampToInt(midnight + kSecondsPerDay), timeOf);
         if (midnight + kSecondsPerDay > std::numeric_limits<std::int32_t>::max())

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <memory>
 #include <thread>
 
 /// How the models of ticks take batches. Any thread.
@@ -31,19 +32,30 @@ inline bool isBatchOf(const nelservice::CInstrumentDetailPtr& detail,
     return detail && data && data->market == detail->market && data->instrument == detail->code;
 }
 
-/// Calls `take(from, to)` for one slice of a batch after the other. A reader gets the lock in between.
-template <class Take>
-void forSlices(std::size_t count, Take take)
+/// Whether batches of the one are also those of the other.
+inline bool isSameInstrument(const nelservice::CInstrumentDetailPtr& left,
+                             const nelservice::CInstrumentDetailPtr& right)
 {
-    constexpr std::size_t kSlice = 5000;
-    for (std::size_t from = 0; from < count; from += kSlice) {
+    if (!left || !right)
+        return left == right;
+    return left->market == right->market && left->code == right->code;
+}
+
+/// Calls `take(from, to)`, which answers whether to go on, for one slice of so many rows after the other. A
+/// reader gets the lock in between.
+template <class Take>
+void forSlices(std::size_t count, std::size_t slice, Take take)
+{
+    for (std::size_t from = 0; from < count; from += slice) {
         if (from > 0)
             std::this_thread::yield();
-        take(from, std::min(from + kSlice, count));
+        if (!take(from, std::min(from + slice, count)))
+            return;
     }
 }
 
 /// Frees what `object` holds away from the threads of the interface and of the feed.
 void releaseLater(boost::shared_ptr<void> object);
+void releaseLater(std::shared_ptr<void> object);
 
 } // namespace Kel

@@ -8,6 +8,9 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <cstddef>
+#include <utility>
+#include <vector>
 
 namespace Zeb {
 
@@ -17,10 +20,41 @@ constexpr int kSide = 4; // room at both sides of a text
 const QString kDefaultColor = QStringLiteral("ic_clr_table_text_default");
 const QString kSelected = QStringLiteral("clr_edit_selection");
 
+// Laying a text out takes microseconds, and there may be thousands: only those are measured whose letters
+// together are the widest.
+constexpr std::size_t kTextsMeasured = 32;
+
 CUiResource& resource()
 {
     return utils::CSingletonT<CUiResource>::instance();
 }
+
+/// Sums the widths of a text's letters, each of which is measured once.
+class LetterWidths
+{
+public:
+    explicit LetterWidths(const QFont& font) : m_metrics(font), m_widths(kLetters, kUnknown) {}
+
+    double of(const QString& text)
+    {
+        double sum = 0;
+        for (const QChar letter : text) {
+            float& width = m_widths[letter.unicode()];
+            if (width < 0)
+                width = static_cast<float>(letter.isSurrogate() ? m_metrics.maxWidth() / 2
+                                                                : m_metrics.horizontalAdvance(letter));
+            sum += static_cast<double>(width);
+        }
+        return sum;
+    }
+
+private:
+    static constexpr std::size_t kLetters = 0x10000;
+    static constexpr float kUnknown = -1;
+
+    QFontMetricsF m_metrics;
+    std::vector<float> m_widths;
+};
 
 } // namespace
 
@@ -58,21 +92,23 @@ void CBaseTableColumnSimpleTextDelegate::setItemColorKey(const QString& key, con
 
 int CBaseTableColumnSimpleTextDelegate::preferredWidth() const
 {
-    const QFontMetrics metrics(*resource().getFont(m_fontKey));
-    // Texts are measured from the longest down, until none that is left can be wider.
-    const int widestLetter = std::max(metrics.maxWidth(), 1);
-    std::vector<const QString*> texts;
+    if (m_items.isEmpty())
+        return 0;
+    const QFont font = *resource().getFont(m_fontKey);
+    LetterWidths letters(font);
+    std::vector<std::pair<double, const QString*>> texts; // with about what each takes
     texts.reserve(static_cast<std::size_t>(m_items.size()));
     for (const Item& item : m_items)
-        texts.push_back(&item.text);
-    std::sort(texts.begin(), texts.end(), [](const auto* a, const auto* b) { return a->size() > b->size(); });
+        texts.emplace_back(letters.of(item.text), &item.text);
+    const std::size_t measured = std::min(texts.size(), kTextsMeasured);
+    const auto end = texts.begin() + static_cast<std::ptrdiff_t>(measured);
+    std::partial_sort(texts.begin(), end, texts.end(),
+                      [](const auto& a, const auto& b) { return a.first > b.first; });
+    const QFontMetrics metrics(font);
     int widest = 0;
-    for (const QString* text : texts) {
-        if (text->size() * widestLetter <= widest)
-            break;
-        widest = std::max(widest, metrics.horizontalAdvance(*text));
-    }
-    return texts.empty() ? 0 : widest + 2 * kSide;
+    for (auto text = texts.begin(); text != end; ++text)
+        widest = std::max(widest, metrics.horizontalAdvance(*text->second));
+    return widest + 2 * kSide;
 }
 
 void CBaseTableColumnSimpleTextDelegate::clear()

@@ -2,6 +2,7 @@
 
 #include "platform/resources/CUiResource.h"
 #include "platform/toolkit/CBaseTableColumnSimpleTextDelegate.h"
+#include "platform/toolkit/TextTableModel.h"
 #include "platform/toolkit/style_sheets.h"
 #include "platform/utils/CSingletonT.h"
 
@@ -10,7 +11,6 @@
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QKeyEvent>
-#include <QStandardItemModel>
 #include <QToolTip>
 
 namespace Zeb {
@@ -19,7 +19,6 @@ namespace {
 
 constexpr int kRowPixels = 20;
 constexpr int kHeaderPixels = 22;
-constexpr int kColorKeyRole = Qt::UserRole + 1;
 constexpr int kMostTipText = 1000; // characters
 constexpr int kSideRoom = 8;       // what a text has beside itself in its cell
 const QString kDefaultColor = QStringLiteral("ic_clr_table_text_default");
@@ -33,7 +32,7 @@ CUiResource& resource()
 
 CStandardTable::CStandardTable(int columns, QWidget* parent)
     : QTableView(parent),
-      m_model(new QStandardItemModel(0, qMax(columns, 0), this)),
+      m_model(new TextTableModel(columns, this)),
       m_cellsKey(QStringLiteral("ic_clr_table_background")),
       m_numbersKey(QStringLiteral("ic_clr_table_number_background")),
       m_headerColorKey(kDefaultColor),
@@ -120,9 +119,14 @@ void CStandardTable::setColumnDelegate(int column, CBaseTableColumnSimpleTextDel
 
 int CStandardTable::appendRow()
 {
-    const int row = rowCount();
-    m_model->insertRow(row);
-    return row;
+    return appendRows({QStringList()});
+}
+
+int CStandardTable::appendRows(const QVector<QStringList>& rows)
+{
+    const int first = rowCount();
+    m_model->appendRows(rows);
+    return first;
 }
 
 int CStandardTable::rowCount() const
@@ -137,23 +141,17 @@ int CStandardTable::columnCount() const
 
 void CStandardTable::setText(int row, int column, const QString& text, const QString& colorKey)
 {
-    if (row < 0 || row >= rowCount() || column < 0 || column >= columnCount())
-        return;
-    auto* item = new QStandardItem(text);
-    item->setData(colorKey.isEmpty() ? kDefaultColor : colorKey, kColorKeyRole);
-    item->setForeground(*resource().getColor(colorKey.isEmpty() ? kDefaultColor : colorKey));
-    m_model->setItem(row, column, item);
+    m_model->setText(row, column, text, colorKey);
 }
 
 QString CStandardTable::text(int row, int column) const
 {
-    const QStandardItem* item = m_model->item(row, column);
-    return item ? item->text() : QString();
+    return m_model->text(row, column);
 }
 
 void CStandardTable::clearRows()
 {
-    m_model->setRowCount(0);
+    m_model->clearRows();
     for (const auto& delegate : m_delegates) {
         if (delegate)
             delegate->clear();
@@ -167,12 +165,7 @@ void CStandardTable::themeChanged()
     horizontalHeader()->setFont(headerFont);
     verticalHeader()->setFont(headerFont);
     applyColors();
-    for (int row = 0; row < rowCount(); ++row) {
-        for (int column = 0; column < columnCount(); ++column) {
-            if (QStandardItem* item = m_model->item(row, column))
-                item->setForeground(*resource().getColor(item->data(kColorKeyRole).toString()));
-        }
-    }
+    m_model->recolor();
     viewport()->update();
 }
 

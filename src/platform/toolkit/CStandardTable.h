@@ -4,13 +4,14 @@
 
 #include <QHash>
 #include <QPointer>
+#include <QStringList>
 #include <QTableView>
-
-class QStandardItemModel;
+#include <QVector>
 
 namespace Zeb {
 
 class CBaseTableColumnSimpleTextDelegate;
+class TextTableModel;
 
 /// Table of texts with a header, colours and fonts by key. Rows and columns are counted from 0; what names a
 /// cell that is not there does nothing and gives an empty text. GUI thread.
@@ -55,6 +56,10 @@ public:
 
     /// Appends an empty row; its index.
     int appendRow();
+
+    /// Appends rows of these texts, in the default colour, for little more than the price of one: a feed may
+    /// bring thousands. What a row has beyond the columns is left out. The index of the first.
+    int appendRows(const QVector<QStringList>& rows);
     int rowCount() const;
     int columnCount() const;
 
@@ -77,7 +82,7 @@ private:
     void applyColors();
     void copySelection() const;
 
-    QStandardItemModel* m_model;
+    TextTableModel* m_model;
     QHash<int, QPointer<CBaseTableColumnSimpleTextDelegate>> m_delegates;
     unsigned m_flags = kFirstFlags;
     QString m_cellsKey;

@@ -4,6 +4,7 @@
 #include "records/LevelOrderData.h"
 #include "records/OrderData.h"
 #include "records/QuoterDepthData.h"
+#include "records/ThousandData.h"
 #include "records/TransactionData.h"
 
 #include <algorithm>
@@ -13,7 +14,8 @@
 namespace testing_support {
 
 /// Writes down what a feed delivers, a line for each call: channel, sequence number, status, and the records
-/// as time:number. "orders 0 s0 100:1 200:2", "snapshot 1 s-1 300:10.5", "queue 2 s1 300:10.5".
+/// as time:number. "orders 0 s0 100:1 200:2", "snapshot 1 s-1 300:10.5", "queue 2 s1 300:10.5",
+/// "ladder 0 s0 300:20".
 class RecordingSink : public feed::FeedSink
 {
 public:
@@ -45,6 +47,17 @@ public:
                 line += item(*record, dynamic_cast<const quoter::LevelOrderData&>(*record).bidCount);
         }
         note(key, key, line, batch);
+    }
+
+    void onLadders(const std::string& key, int seq, int status,
+                   const Kel::MetaCacheDataWrapperPtr& batch) override
+    {
+        std::string line = head("ladder", seq, status);
+        for (const quoter::QuoterBasePtr& record : batch->data) {
+            const auto& ladder = dynamic_cast<const quoter::ThousandData&>(*record);
+            line += item(ladder, static_cast<std::int64_t>(ladder.buys.size() + ladder.sells.size()));
+        }
+        note(key, batch->market + batch->instrument, line, batch->data);
     }
 
     /// The lines since the last call, without their line ends.

@@ -18,8 +18,8 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing_support::RecordingSink;
 
-/// A day of rows "o100 d150 q200 s200": kind and time; rows are numbered 1, 2, ... in the order of the text,
-/// which is their sequence as well.
+/// A day of rows "o100 d150 q200 s200 l200": kind and time; rows are numbered 1, 2, ... in the order of the
+/// text, which is their sequence as well.
 InstrumentDay dayOf(const std::string& text)
 {
     InstrumentDay day;
@@ -41,6 +41,11 @@ InstrumentDay dayOf(const std::string& text)
             day.queues.emplace_back();
             day.queues.back().time = time;
             day.queues.back().bidCount = number;
+            break;
+        case 'l':
+            day.ladders.emplace_back();
+            day.ladders.back().time = time;
+            day.ladders.back().buys.resize(static_cast<std::size_t>(number));
             break;
         default:
             day.snapshots.emplace_back();
@@ -229,6 +234,23 @@ TEST(ReplaySession, StartsAnewAtAnEarlierMoment)
     EXPECT_THAT(sink.take(), ElementsAre("deals 0 s0", "orders 0 s0 100:1", "deals 1 s1"));
     session.playAll();
     EXPECT_THAT(sink.take(), ElementsAre("deals 2 s1 200:2", "orders 1 s1 300:3"));
+}
+
+TEST(ReplaySession, AStartBeforeTheFirstLadderTakesAwayTheOneThatStands)
+{
+    const InstrumentDay day = dayOf("l100 l200");
+    RecordingSink sink;
+    ReplaySession session(day, sink);
+    session.startAt(250);
+    EXPECT_THAT(sink.take(), ElementsAre("deals 0 s0", "ladder 0 s0 200:2"));
+    session.startAt(50);
+    EXPECT_THAT(sink.take(), ElementsAre("deals 0 s0", "ladder 0 s0"));
+    session.playAll();
+    EXPECT_THAT(sink.take(), ElementsAre("ladder 1 s1 100:1", "ladder 2 s1 200:2"));
+    const InstrumentDay without = dayOf("o100");
+    ReplaySession plain(without, sink);
+    plain.startAt(50);
+    EXPECT_THAT(sink.take(), ElementsAre("deals 0 s0")) << "none is announced where there is none";
 }
 
 TEST(ReplaySession, AnEmptyDayAndTimesOfEverySizeAreHarmless)

@@ -2,6 +2,7 @@
 
 #include "LadderModelFixture.h"
 #include "platform/models/ladder_units.h"
+#include "platform/models/tick_values.h"
 
 #include <limits>
 
@@ -21,15 +22,16 @@ TEST(LadderUnits, TheShortFormHasTenRowsASide)
 
 TEST(LadderUnits, LotsAreRoundedToTheNearestAndNeverBelowOne)
 {
-    EXPECT_EQ(Kel::toLots(0, 100), 0);
-    EXPECT_EQ(Kel::toLots(-5, 100), 0);
-    EXPECT_EQ(Kel::toLots(1, 100), 1);
-    EXPECT_EQ(Kel::toLots(149, 100), 1);
-    EXPECT_EQ(Kel::toLots(150, 100), 2);
-    EXPECT_EQ(Kel::toLots(249, 100), 2);
-    EXPECT_EQ(Kel::toLots(7, 0), 7) << "a unit is never below 1";
-    EXPECT_EQ(Kel::toLots(std::numeric_limits<std::int64_t>::max(), 1), std::numeric_limits<int>::max());
-    EXPECT_EQ(Kel::toLots(15, 10), 2);
+    EXPECT_EQ(Kel::lotsFromShares(0, 100), 0);
+    EXPECT_EQ(Kel::lotsFromShares(-5, 100), 0);
+    EXPECT_EQ(Kel::lotsFromShares(1, 100), 1);
+    EXPECT_EQ(Kel::lotsFromShares(149, 100), 1);
+    EXPECT_EQ(Kel::lotsFromShares(150, 100), 2);
+    EXPECT_EQ(Kel::lotsFromShares(249, 100), 2);
+    EXPECT_EQ(Kel::lotsFromShares(7, 0), 7) << "a unit is never below 1";
+    EXPECT_EQ(Kel::lotsFromShares(std::numeric_limits<std::int64_t>::max(), 1),
+              std::numeric_limits<int>::max());
+    EXPECT_EQ(Kel::lotsFromShares(15, 10), 2);
 }
 
 TEST_F(LadderModel, StartsWithTickCloseAndUnitOfNoInstrument)

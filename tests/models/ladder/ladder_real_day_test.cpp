@@ -4,7 +4,7 @@
 #include "feed/import/importDay.h"
 #include "feed/record_making.h"
 #include "host/DayTimeline.h"
-#include "platform/models/ladder_units.h"
+#include "platform/models/tick_values.h"
 
 #include <gtest/gtest.h>
 
@@ -23,7 +23,7 @@ std::string published(const Prices& prices, const Volumes& volumes, const Counts
 {
     std::ostringstream out;
     for (std::size_t i = 0; i < kLevels && prices[i] != 0; ++i)
-        out << prices[i] << ':' << Kel::toLots(volumes[i], 100) << '/' << counts[i] << ' ';
+        out << prices[i] << ':' << Kel::lotsFromShares(volumes[i], 100) << '/' << counts[i] << ' ';
     return out.str();
 }
 
@@ -58,7 +58,10 @@ TEST(LadderRealDay, EveryContinuousSnapshotOf600519ShowsTheTenBestRowsOfTheLadde
     int snapshots = 0;
     int levels = 0;
     using Kind = host::DayTimeline::Kind;
-    const host::DayTimeline timeline(day, host::placeSnapshots(day));
+    // The snapshots carry no sequence number: each is placed where a plain book of the rows, which knows
+    // nothing of the model, shows its ten levels at the volume that it tells.
+    const std::vector<host::SnapshotPlace> places = host::placeSnapshots(day);
+    const host::DayTimeline timeline(day, places);
     for (const host::DayTimeline::Entry& entry : timeline.entries()) {
         const auto wrap = [&](const quoter::QuoterBasePtr& record) {
             return batchOf({record}, day.detail.market, day.detail.code);
@@ -70,7 +73,9 @@ TEST(LadderRealDay, EveryContinuousSnapshotOf600519ShowsTheTenBestRowsOfTheLadde
         if (entry.kind != Kind::Snapshot || !host::isContinuous(day.snapshots[entry.index]))
             continue;
         const feed::SnapshotRow& snapshot = day.snapshots[entry.index];
+        EXPECT_NE(places[entry.index].placing, host::Placing::Time) << "snapshot " << snapshots;
         answer.ask(model, true);
+        ASSERT_EQ(answer.latest, snapshot.lastPrice) << "snapshot " << snapshots;
         ASSERT_EQ(rebuilt(answer.buys, true),
                   published(snapshot.bidPrice, snapshot.bidVolume, snapshot.bidCount))
             << "snapshot " << snapshots;

@@ -7,7 +7,7 @@
 #include "feed/record_making.h"
 #include "feed/simulation/Random.h"
 #include "feed/simulation/SimulatedExchange.h"
-#include "platform/models/ladder_units.h"
+#include "platform/models/tick_values.h"
 
 #include <gtest/gtest.h>
 
@@ -44,7 +44,12 @@ struct Channels : feed::RowSink
     std::vector<feed::OrderRow> orders;
     std::vector<feed::DealRow> deals;
     feed::DealRow newestDeal;
-    void onOrder(const feed::OrderRow& row) override { orders.push_back(row); }
+    std::map<std::int64_t, std::int64_t> orderTimes;
+    void onOrder(const feed::OrderRow& row) override
+    {
+        orders.push_back(row);
+        orderTimes[row.number] = row.time;
+    }
     void onDeal(const feed::DealRow& row) override
     {
         deals.push_back(row);
@@ -113,6 +118,10 @@ public:
         std::string text = sideDifference(feed::Side::Buy) + sideDifference(feed::Side::Sell);
         if (m_channels.newestDeal.price > 0 && m_fullAnswer.latest != m_channels.newestDeal.price)
             text += "latest " + std::to_string(m_fullAnswer.latest);
+        const int unit = static_cast<int>(m_exchange.settings().volumeUnit);
+        if (m_channels.newestDeal.price > 0 &&
+            m_fullAnswer.lastVolume != Kel::lotsFromShares(m_channels.newestDeal.volume, unit))
+            text += "last volume " + std::to_string(m_fullAnswer.lastVolume);
         return text;
     }
 
@@ -204,14 +213,19 @@ private:
         for (const TrueRow& row : rows) {
             std::ostringstream expected;
             for (const feed::TrueOrder& order : row.orders)
-                expected << ' ' << order.number << 'x' << order.original << '-' << order.dealt;
+                expected << ' ' << order.number << 'x' << order.original << '-' << order.dealt << '@'
+                         << m_channels.orderTimes[order.number] << (order.dealt > 0 ? " part" : " new");
             std::ostringstream actual;
             const auto queue = m_full.getQueue(isBuy, row.price);
             std::map<long long, std::shared_ptr<Kel::SingleQuote>> quotes;
             if (queue)
                 queue->getQuotes(quotes);
             for (const auto& [number, quote] : quotes)
-                actual << ' ' << number << 'x' << quote->volume << '-' << quote->dealtVolume;
+                actual << ' ' << number << 'x' << quote->volume << '-' << quote->dealtVolume << '@'
+                       << quote->time
+                       << (quote->state == 2   ? " part"
+                           : quote->state == 1 ? " new"
+                                               : " other");
             if (expected.str() != actual.str() || queue->totalVolume != row.volume ||
                 queue->orderCount != static_cast<int>(row.orders.size()))
                 text +=
@@ -232,7 +246,7 @@ private:
             const Kel::EntrustData& row = *shown[isBuy ? count - 1 - i : i];
             if (std::abs(row.price - rows[i].price) > 1e-6 ||
                 row.volume !=
-                    Kel::toLots(rows[i].volume, static_cast<int>(m_exchange.settings().volumeUnit)) ||
+                    Kel::lotsFromShares(rows[i].volume, static_cast<int>(m_exchange.settings().volumeUnit)) ||
                 row.orderCount != static_cast<int>(rows[i].orders.size()))
                 return "row " + std::to_string(i) + " of " + (isBuy ? "buys " : "sells ") +
                        std::to_string(row.price) + " " + std::to_string(row.volume) + "\n";

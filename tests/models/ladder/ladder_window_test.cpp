@@ -149,6 +149,45 @@ TEST_F(LadderModel, APanelThatWasHiddenForLongGetsEveryRowRight)
     EXPECT_EQ(kept->volume, 1);
 }
 
+TEST_F(LadderModel, ALevelThatLeftTheBestThousandIsRememberedWhileThePanelIsHidden)
+{
+    startDeep(1000);
+    answer.ask(model);
+    model.entrustCallback(0, 1, orders({"S 9001 50.00 100"}));
+    answer.ask(model);
+    EXPECT_DOUBLE_EQ(answer.sells.back()->price, 59.99) << "60.00 is behind the thousand";
+    // More touched prices than are counted one by one, twice.
+    const auto touchMany = [this](int firstNumber) {
+        std::vector<std::string> lines;
+        for (int i = 0; i < 5000; ++i)
+            lines.push_back("S " + std::to_string(firstNumber + i) + " " + std::to_string(70.0 + 0.01 * i) +
+                            " 100");
+        model.entrustCallback(0, 1, orders(lines));
+    };
+    touchMany(100000);
+    ASSERT_TRUE(answer.ask(model));
+    touchMany(200000);
+    model.entrustCallback(0, 1, orders({"S 9003 60.00 200"}));
+    model.transactionCallback(0, 1, cancels({9001}));
+    ASSERT_TRUE(answer.ask(model));
+    EXPECT_DOUBLE_EQ(answer.sells.back()->price, 60.00);
+    EXPECT_EQ(answer.sells.back()->volume, 3);
+    EXPECT_EQ(answer.sells.back()->change, 2) << "since it was shown";
+
+    // Pushed out and ended unseen, with everything touched: new when it comes again.
+    touchMany(300000);
+    model.entrustCallback(0, 1, orders({"S 9005 50.00 100"}));
+    answer.ask(model);
+    touchMany(400000);
+    model.transactionCallback(0, 1, cancels({2000, 9003}));
+    answer.ask(model);
+    model.entrustCallback(0, 1, orders({"S 9007 60.00 500"}));
+    model.transactionCallback(0, 1, cancels({9005}));
+    ASSERT_TRUE(answer.ask(model));
+    EXPECT_DOUBLE_EQ(answer.sells.back()->price, 60.00);
+    EXPECT_EQ(answer.sells.back()->change, 5);
+}
+
 // Orders of a price
 // -------------------------------------------------------------------------------------------
 

@@ -265,6 +265,31 @@ TEST(OrderBook, ADealOfTheOtherSideDoesNotTouchAnOrder)
     EXPECT_EQ(printed(book), "S 10 100: 1x100\n");
 }
 
+TEST(OrderBook, ADealThatWaitsDoesNotTouchAnOrderOfTheOtherSideEither)
+{
+    Book book;
+    book.deal("1x9 10.00 50 #1");
+    book.order("S 1 10.00 100");
+    EXPECT_EQ(printed(book), "S 10 100: 1x100\n");
+    // One number in both places: each side has its own.
+    book.deal("2x9 10.00 30 #2");
+    book.deal("9x2 10.00 20 #3");
+    book.deal("9x2 10.00 20 #4");
+    book.order("S 2 10.01 100");
+    EXPECT_EQ(printed(book), "S 10.01 60: 2x60\n"
+                             "S 10 100: 1x100\n");
+    EXPECT_EQ(book.find(2)->volume, 100);
+    book.deal("3x9 10.00 30 #5");
+    book.deal("9x3 10.00 20 #6");
+    book.order("B 3 9.99 100");
+    EXPECT_EQ(book.find(3)->rest(), 70);
+    EXPECT_EQ(book.find(3)->volume, 100);
+    book.deal("9x4 10.00 500 #7");
+    book.order("B 4 9.98 100");
+    EXPECT_EQ(book.find(4)->rest(), 100);
+    EXPECT_EQ(book.firstFault(), "");
+}
+
 TEST(OrderBook, ANumberMayBeUsedAgainByAnotherLevelOnceItsLevelHasLeft)
 {
     Book book;
@@ -310,6 +335,25 @@ TEST(OrderBook, TellsTheTimeOfTheNewestRecord)
     cancel.m_time = 7000;
     book.addDeal(cancel);
     EXPECT_EQ(book.newestTime(), 7000);
+}
+
+TEST(OrderBook, ATimeThatCannotBeOneIsNeverTheNewest)
+{
+    for (const char* time : {"9223372036854775807", "4102444800000", "-1"}) {
+        Book book;
+        book.order(std::string("B 1 10.00 100 @") + time);
+        EXPECT_EQ(book.newestTime(), 0) << time;
+        EXPECT_EQ(book.find(1)->time, 0) << time;
+        book.deal(std::string("8x9 10.00 100 #1 @") + time);
+        EXPECT_EQ(book.newestDeal()->price, 10.00) << "better than none";
+        book.deal("8x9 10.01 100 #2 @1000");
+        book.deal(std::string("8x9 10.02 100 #3 @") + time);
+        EXPECT_EQ(book.newestDeal()->price, 10.01) << time;
+        EXPECT_EQ(book.newestTime(), 1000) << time;
+    }
+    Book book;
+    book.deal("8x9 10.00 100 #1 @4102444799999");
+    EXPECT_EQ(book.newestTime(), 4102444799999);
 }
 
 TEST(OrderBook, WalksFromTheBestPriceIntoTheBook)

@@ -4,7 +4,7 @@
 #include "feed/record_making.h"
 #include "feed/replay/ReplaySession.h"
 #include "feed/simulation/SimulatedExchange.h"
-#include "platform/models/ladder_units.h"
+#include "platform/models/tick_values.h"
 
 #include <gtest/gtest.h>
 
@@ -51,7 +51,7 @@ public:
         check(feed::Side::Sell);
         if (m_newest.price > 0) {
             ASSERT_EQ(m_answer.latest, m_newest.price);
-            ASSERT_EQ(m_answer.lastVolume, Kel::toLots(m_newest.volume, 100));
+            ASSERT_EQ(m_answer.lastVolume, Kel::lotsFromShares(m_newest.volume, 100));
         }
     }
 
@@ -69,7 +69,7 @@ private:
         for (std::size_t i = 0; i < levels.size(); ++i) {
             const Kel::EntrustData& row = *rows[isBuy ? rows.size() - 1 - i : i];
             ASSERT_DOUBLE_EQ(row.price, levels[i].price);
-            ASSERT_EQ(row.volume, Kel::toLots(levels[i].volume, 100));
+            ASSERT_EQ(row.volume, Kel::lotsFromShares(levels[i].volume, 100));
             ASSERT_EQ(row.orderCount, levels[i].orderCount);
             const auto queue = m_model.getQueue(isBuy, row.price);
             ASSERT_TRUE(queue);

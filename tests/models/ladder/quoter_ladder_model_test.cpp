@@ -172,6 +172,56 @@ TEST_F(QuoterLadderModel, TheQueueOfAPriceHoldsTheRestsThatTheRecordTells)
     EXPECT_FALSE(model.getQueue(false, 0));
 }
 
+TEST_F(QuoterLadderModel, AnOrderThatTheRecordTellsTwiceCountsOnce)
+{
+    send(ladder({}, {{10.01, 500, 2, {{9, 100, 200, 0}, {4, 50, 300, 0}, {9, 100, 200, 0}}}}));
+    const auto queue = model.getQueue(false, 10.01);
+    ASSERT_TRUE(queue);
+    EXPECT_EQ(queue->orderCount, 2);
+    ASSERT_EQ(queue->quotes.size(), 2u);
+    std::map<long long, std::shared_ptr<Kel::SingleQuote>> quotes;
+    queue->getQuotes(quotes);
+    EXPECT_EQ(quotes.size(), 2u);
+}
+
+TEST_F(QuoterLadderModel, ARecordThatSaysTheSameAgainIsNoNews)
+{
+    const auto record = ladder({{9.99, 300, 1, {{1, 5, 300, 0}}}}, {});
+    send(record);
+    ASSERT_TRUE(answer.ask(model));
+    send(record);
+    EXPECT_FALSE(answer.ask(model));
+    send(boost::make_shared<quoter::ThousandData>(*record));
+    EXPECT_FALSE(answer.ask(model)) << "nor is a copy";
+    const auto later = boost::make_shared<quoter::ThousandData>(*record);
+    later->m_time += 3000;
+    send(later);
+    ASSERT_TRUE(answer.ask(model)) << "the orders have aged";
+    EXPECT_EQ(answer.flags, 0);
+    send(later, 0);
+    ASSERT_TRUE(answer.ask(model)) << "a reload always is";
+    EXPECT_EQ(answer.flags, kLadderCover | kLadderRowData);
+}
+
+TEST_F(QuoterLadderModel, ALevelThatLeftTheBestThousandTellsTheChangeSinceItWasShown)
+{
+    std::vector<quoter::ThousandLevel> buys;
+    for (int i = 0; i < 1000; ++i)
+        buys.push_back({50 - 0.01 * i, 100, 1, {}});
+    send(ladder(buys, {}));
+    answer.ask(model);
+    auto more = buys;
+    more.push_back({50.01, 100, 1, {}});
+    send(ladder(more, {}));
+    ASSERT_TRUE(answer.ask(model));
+    EXPECT_DOUBLE_EQ(answer.buys.front()->price, 40.02);
+    buys.back().volume = 300;
+    send(ladder(buys, {}));
+    ASSERT_TRUE(answer.ask(model));
+    EXPECT_DOUBLE_EQ(answer.buys.front()->price, 40.01);
+    EXPECT_EQ(answer.buys.front()->change, 2);
+}
+
 TEST_F(QuoterLadderModel, TakesThePreviousCloseOfASnapshot)
 {
     const auto depth = boost::make_shared<quoter::QuoterDepthData>();

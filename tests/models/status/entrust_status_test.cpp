@@ -279,6 +279,16 @@ TEST_F(EntrustStatusModel, LotsAreTenWhereTheInstrumentIsTradedInTens)
     EXPECT_EQ(m_model.newVolume, 25);
 }
 
+TEST_F(EntrustStatusModel, ATradeOfLessThanALotCountsAsOne)
+{
+    EXPECT_TRUE(send(deal(10, 50), 1));
+    EXPECT_EQ(m_model.newVolume, 1);
+    EXPECT_TRUE(send(deal(10, 250), 1));
+    EXPECT_EQ(m_model.newVolume, 2) << "beyond the first lot the rest is cut";
+    EXPECT_FALSE(send(deal(10, 0), 1));
+    EXPECT_EQ(m_model.newVolume, 2);
+}
+
 TEST_F(EntrustStatusModel, DealsGiveLastPriceAndNewVolumeAndSilenceTheStepOfSnapshots)
 {
     auto record = snapshot();

@@ -53,6 +53,14 @@ protected:
     CModelDepthEntrust m_model;
 };
 
+Ints numbers(const std::vector<boost::shared_ptr<DepthOrderData>>& orders)
+{
+    Ints found;
+    for (const auto& order : orders)
+        found.push_back(order->orderNo);
+    return found;
+}
+
 SDepthFilterParam onlySides(bool buy, bool sell, bool unbuy, bool unsell)
 {
     SDepthFilterParam param;
@@ -137,12 +145,32 @@ TEST_F(EntrustModel, RepeatsAreIgnored)
     EXPECT_FALSE(m_model.cancelDirty);
 }
 
+TEST_F(EntrustModel, ACancelWithoutANumberIsKnownByOrderTimeAndShares)
+{
+    const std::int64_t ten = at(10, 0, 0);
+    deals({cancel(0, 6, 0, 100, ten), cancel(0, 7, 0, 100, ten), cancel(0, 6, 0, 100, ten),
+           cancel(0, 6, 0, 100, ten + 1), cancel(0, 6, 0, 200, ten)});
+    EXPECT_EQ(cancelNumbers(), (Ints{6, 7, 6, 6}))
+        << "the third is a repeat though it does not follow its first";
+    deals({cancel(0, 7, 0, 100, ten), cancel(0, 6, 0, 200, ten), cancel(0, 8, 0, 200, ten)});
+    EXPECT_EQ(cancelNumbers(), (Ints{6, 7, 6, 6, 8}));
+}
+
+TEST_F(EntrustModel, CancelsThatNameNeitherThemselvesNorAnOrderAreNeverRepeats)
+{
+    const auto nameless = cancel(0, 0, 0, 100, at(10, 0, 0));
+    deals({nameless, nameless});
+    deals({nameless});
+    EXPECT_EQ(m_model.cancelCount, 3);
+}
+
 TEST_F(EntrustModel, OrdersWithoutNumberSharesPriceOrTimeArePassedOver)
 {
     orders({order(0, 1, 10, 100, at(10, 0, 0)), order(5000000000, 1, 10, 100, at(10, 0, 0)),
             order(1, 1, 10, 0, at(10, 0, 0)),
-            order(2, 1, std::numeric_limits<double>::infinity(), 100, at(10, 0, 0)), order(3, 1, 10, 100, -1),
-            nullptr, deal(4, 1, 2, 10, 100, at(10, 0, 0))});
+            order(2, 1, std::numeric_limits<double>::infinity(), 100, at(10, 0, 0)),
+            order(4, 1, -10, 100, at(10, 0, 0)), order(3, 1, 10, 100, -1), nullptr,
+            deal(4, 1, 2, 10, 100, at(10, 0, 0))});
     EXPECT_EQ(m_model.orderCount, 0);
     EXPECT_FALSE(m_model.orderDirty);
 }
@@ -300,13 +328,13 @@ TEST_F(EntrustModel, FindOrdersComparesTimeOfDayPriceLotsSideAndKind)
             order(5, 1, 10, 100, at(10, 0, 0), 2), order(6, 1, 10, 100, at(10, 0, 0, 999)),
             order(7, 1, 10, 100, at(10, 0, 1)), order(8, 1, 10, 100, at(10, 0, 0) + day)});
     const int ten = 10 * 3600 * 1000;
-    EXPECT_EQ(m_model.findOrders(ten, 10, 1, 1), (Ints{0, 5, 7}));
-    EXPECT_EQ(m_model.findOrders(ten, 10.000000001, 1, 1), (Ints{})) << "the comparison is exact";
-    EXPECT_EQ(m_model.findOrders(ten + 1, 10, 1, 1), (Ints{}));
-    EXPECT_EQ(m_model.findOrders(-1000, 10, 1, 1), (Ints{}));
-    EXPECT_EQ(m_model.findOrders(86400000, 10, 1, 1), (Ints{}));
+    EXPECT_EQ(numbers(m_model.findOrders(ten, 10, 1, 1)), (Ints{1, 6, 8}));
+    EXPECT_EQ(numbers(m_model.findOrders(ten, 10.000000001, 1, 1)), (Ints{})) << "the comparison is exact";
+    EXPECT_EQ(numbers(m_model.findOrders(ten + 1, 10, 1, 1)), (Ints{}));
+    EXPECT_EQ(numbers(m_model.findOrders(-1000, 10, 1, 1)), (Ints{}));
+    EXPECT_EQ(numbers(m_model.findOrders(86400000, 10, 1, 1)), (Ints{}));
     m_model.setFilterParam(onlySides(false, true, true, true));
-    EXPECT_EQ(m_model.findOrders(ten, 10, 1, 2), (Ints{0}));
+    EXPECT_EQ(numbers(m_model.findOrders(ten, 10, 1, 2)), (Ints{2}));
 }
 
 TEST_F(EntrustModel, ClearDropsTheRowsAndKeepsInstrumentAndFilter)

@@ -139,8 +139,9 @@ TEST_F(TransactionModel, RecordsWithoutSharesPriceOrTimeArePassedOver)
 {
     deals({deal(1, 5, 6, 10, 0, at(10, 0, 0)), deal(2, 5, 6, 10, -100, at(10, 0, 0)),
            deal(3, 5, 6, std::numeric_limits<double>::quiet_NaN(), 100, at(10, 0, 0)),
-           deal(4, 5, 6, std::numeric_limits<double>::max(), 100, at(10, 0, 0)), deal(5, 5, 6, 10, 100, -1),
-           deal(6, 5, 6, 10, 100, std::numeric_limits<std::int64_t>::max())});
+           deal(4, 5, 6, std::numeric_limits<double>::max(), 100, at(10, 0, 0)),
+           deal(7, 5, 6, 0, 100, at(10, 0, 0)), deal(8, 5, 6, -10, 100, at(10, 0, 0)),
+           deal(5, 5, 6, 10, 100, -1), deal(6, 5, 6, 10, 100, std::numeric_limits<std::int64_t>::max())});
     EXPECT_EQ(m_model.count, 0);
 }
 

@@ -56,6 +56,64 @@ TEST_F(Table, RowsAreAppendedAtTheEnd)
     EXPECT_EQ(m_table.columnCount(), 3);
 }
 
+TEST_F(Table, ManyRowsAreAppendedAsOne)
+{
+    addRow("a", "b");
+    QSignalSpy inserted(m_table.model(), &QAbstractItemModel::rowsInserted);
+    QSignalSpy changed(m_table.model(), &QAbstractItemModel::dataChanged);
+    EXPECT_EQ(m_table.appendRows({{"c", "d", "e", "beyond"}, {"f"}, {}}), 1);
+    EXPECT_EQ(inserted.count(), 1);
+    EXPECT_EQ(changed.count(), 0);
+    ASSERT_EQ(m_table.rowCount(), 4);
+    EXPECT_EQ(m_table.text(1, 0) + m_table.text(1, 1) + m_table.text(1, 2), "cde");
+    EXPECT_EQ(m_table.text(2, 0) + m_table.text(2, 1) + m_table.text(2, 2), "f");
+    EXPECT_EQ(m_table.text(3, 0), "");
+    EXPECT_EQ(m_table.model()->index(1, 0).data(Qt::ForegroundRole).value<QBrush>().color(),
+              *resource().getColor("ic_clr_table_text_default"));
+    EXPECT_EQ(m_table.appendRows({}), 4);
+    EXPECT_EQ(inserted.count(), 1);
+}
+
+TEST_F(Table, ATextThatIsThereAlreadyIsNoNews)
+{
+    addRow("a", "b");
+    QSignalSpy changed(m_table.model(), &QAbstractItemModel::dataChanged);
+    m_delegate->setItemText("0", "b");
+    EXPECT_EQ(changed.count(), 0);
+    m_delegate->setItemText("0", "c");
+    EXPECT_EQ(changed.count(), 1);
+}
+
+TEST_F(Table, AnEditedCellKeepsItsColour)
+{
+    addRow("a", "b");
+    m_table.setText(0, 0, "a", "ic_clr_mark_yellow");
+    const QModelIndex cell = m_table.model()->index(0, 0);
+    EXPECT_TRUE(cell.flags() & Qt::ItemIsEditable);
+    EXPECT_TRUE(m_table.model()->setData(cell, "typed"));
+    EXPECT_EQ(m_table.text(0, 0), "typed");
+    EXPECT_EQ(cell.data(Qt::EditRole).toString(), "typed");
+    EXPECT_EQ(cell.data(Qt::ForegroundRole).value<QBrush>().color(),
+              *resource().getColor("ic_clr_mark_yellow"));
+    EXPECT_FALSE(m_table.model()->setData(QModelIndex(), "nowhere"));
+}
+
+TEST_F(Table, ColumnsWithoutATitleAndRowsAreNumbered)
+{
+    m_table.appendRows({{}, {}});
+    EXPECT_EQ(m_table.headerText(1), "2");
+    EXPECT_EQ(m_table.model()->headerData(1, Qt::Vertical).toInt(), 2);
+}
+
+TEST_F(Table, AThemeTellsTheViewOfNewColours)
+{
+    addRow("a", "b");
+    QSignalSpy changed(m_table.model(), &QAbstractItemModel::dataChanged);
+    resource().setTheme("light");
+    ASSERT_EQ(changed.count(), 1);
+    EXPECT_EQ(changed[0][1].toModelIndex(), m_table.model()->index(0, 2));
+}
+
 TEST_F(Table, KeepsTextsAndHeaders)
 {
     addRow("2023-02-01", "title");
@@ -142,6 +200,16 @@ TEST_F(Table, TheDelegatePrefersTheWidthOfItsWidestText)
     addRow("", "短");
     const QFontMetrics metrics(*resource().getFont("fnt_default_normal_fix"));
     EXPECT_EQ(m_delegate->preferredWidth(), metrics.horizontalAdvance("WWWWWWWWWW") + 8);
+}
+
+TEST_F(Table, TheWidestOfManyTextsIsFoundWhereverItStands)
+{
+    for (int i = 0; i < 200; ++i)
+        addRow("", i == 150 ? "WWWWWWWWWWWW" : "iiiiiiiiiiiiiiiiiiii");
+    const QFontMetrics metrics(*resource().getFont("fnt_default_normal_fix"));
+    const int widest =
+        qMax(metrics.horizontalAdvance("WWWWWWWWWWWW"), metrics.horizontalAdvance("iiiiiiiiiiiiiiiiiiii"));
+    EXPECT_EQ(m_delegate->preferredWidth(), widest + 8);
 }
 
 TEST_F(Table, AClickOnAClickableTextTellsItsKey)

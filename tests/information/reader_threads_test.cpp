@@ -1,0 +1,79 @@
+#include "information/ReaderThreads.h"
+
+#include "FailingMemory.h"
+#include "platform/LogCapture.h"
+
+#include <boost/chrono/duration.hpp>
+#include <boost/thread/thread.hpp>
+
+#include <gmock/gmock.h>
+
+#include <cstdio>
+#include <cstdlib>
+#include <new>
+#include <stdexcept>
+
+using Kel::ReaderThreads;
+using ::testing::HasSubstr;
+
+namespace {
+
+ReaderThreads& threads()
+{
+    return ReaderThreads::instance();
+}
+
+} // namespace
+
+TEST(ReaderThreads, RunAJobOnAThreadOfItsOwn)
+{
+    boost::thread::id ran;
+    threads().start([&ran] { ran = boost::this_thread::get_id(); });
+    threads().wait();
+    EXPECT_NE(ran, boost::thread::id());
+    EXPECT_NE(ran, boost::this_thread::get_id());
+    EXPECT_FALSE(ReaderThreads::isEnding());
+}
+
+TEST(ReaderThreads, AJobThatThrowsEndsAloneAndIsLogged)
+{
+    testing_support::LogCapture log;
+    threads().start([] { throw std::runtime_error("no luck"); });
+    threads().start([] { throw 7; });
+    threads().wait();
+    const auto events = log.events();
+    ASSERT_EQ(events.size(), 2u);
+    EXPECT_THAT(events[0].text + events[1].text, HasSubstr("local information not read: no luck"));
+    EXPECT_EQ(events[0].level, 40000);
+}
+
+TEST(ReaderThreads, WithoutMemoryAJobIsNotDoneAndNothingIsThrown)
+{
+    bool ran = false;
+    const auto job = [&ran] { ran = true; };
+    {
+        test::FailingMemory failing;
+        EXPECT_NO_THROW(threads().start(job));
+    }
+    threads().wait(); // which counts only jobs that run
+    EXPECT_FALSE(ran);
+    threads().start(job);
+    threads().wait();
+    EXPECT_TRUE(ran);
+}
+
+TEST(ReaderThreadsDeathTest, TheEndOfTheProcessWaitsForItsReaders)
+{
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    EXPECT_EXIT(
+        {
+            threads().start([] {
+                while (!ReaderThreads::isEnding())
+                    boost::this_thread::sleep_for(boost::chrono::milliseconds(1));
+                boost::this_thread::sleep_for(boost::chrono::milliseconds(50));
+                std::fputs("the reader has ended", stderr);
+            });
+            std::exit(0);
+        },
+        ::testing::ExitedWithCode(0), "the reader has ended");
+}
