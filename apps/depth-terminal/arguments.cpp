@@ -2,6 +2,7 @@
 
 #include "host/commands/commands.h"
 #include "host/window/MainWindow.h"
+#include "host/window/workspace/layouts.h"
 #include "platform/utils/exchange_time.h"
 
 #include <CLI/CLI.hpp>
@@ -25,6 +26,8 @@ struct Texts
     std::string size;
     std::string theme = "dark";
     std::string colors = "red-up";
+    std::string layout = "queue";
+    std::string externalData;
     std::string shot;
     std::vector<std::string> modes;
     double mostRejectedPercent = 1;
@@ -39,6 +42,14 @@ const std::map<std::string, Zeb::EPriceColors>& priceColors()
         {"color-blind", Zeb::EPriceColors::eColorBlind},
     };
     return names;
+}
+
+std::vector<std::string> layoutIds()
+{
+    std::vector<std::string> ids;
+    for (const host::Layout& layout : host::shippedLayouts())
+        ids.push_back(layout.id.toStdString());
+    return ids;
 }
 
 void addSource(CLI::App& app, host::DaySource& source, Texts& texts)
@@ -81,7 +92,13 @@ void addLook(CLI::App& app, Texts& texts)
         ->delimiter(',')
         ->check(CLI::IsMember(host::modeWords()))
         ->type_name("WORD,...");
-    app.add_option("--size", texts.size, "Of the window, pixels at 100 % (1280x800)")->type_name("WxH");
+    app.add_option("--layout", texts.layout, "Of the panes: queue, tick, chart (queue)")
+        ->check(CLI::IsMember(layoutIds()));
+    app.add_option("--size", texts.size, "Of the window, pixels at 100 % (1600x960)")->type_name("WxH");
+    app.add_option("--external-data", texts.externalData,
+                   "Folder of local information: localinformation/KIND/CODE.txt")
+        ->check(CLI::ExistingDirectory)
+        ->type_name("DIR");
 }
 
 std::string sizeText(const QSize& size)
@@ -132,6 +149,8 @@ std::string take(const Texts& texts, host::TerminalOptions& options)
     options.playing = !texts.paused;
     options.theme = QString::fromStdString(texts.theme);
     options.colors = priceColors().at(texts.colors);
+    options.layout = QString::fromStdString(texts.layout);
+    options.externalData = QString::fromStdString(texts.externalData);
     options.shot = QString::fromStdString(texts.shot);
     for (const std::string& word : texts.modes)
         host::takeModeWord(word, options.modes);

@@ -4,6 +4,7 @@
 #include "host/window/MessageBar.h"
 #include "host/window/ReplayBar.h"
 #include "host/window/TerminalActions.h"
+#include "host/window/panes/ChartPane.h"
 #include "host/window/panes/DealsPane.h"
 #include "host/window/panes/EntrustPane.h"
 #include "host/window/panes/InformationPane.h"
@@ -80,10 +81,10 @@ MainWindow::~MainWindow()
     delete takeCentralWidget();
 }
 
-template <class Made>
-Made* MainWindow::addPane()
+template <class Made, class... Arguments>
+Made* MainWindow::addPane(Arguments... arguments)
 {
-    auto* pane = new Made;
+    auto* pane = new Made(arguments...);
     pane->setTradeDate([this] { return m_services.tradingDay(); });
     pane->setAnswer([this](Pane& from, int id, int first, int second, const QString& text) {
         return m_wiring.answer(from, id, first, second, text);
@@ -101,6 +102,8 @@ void MainWindow::makePanes()
     m_wiring.ladder = addPane<LadderPane>();
     m_wiring.deals = addPane<DealsPane>();
     m_wiring.orders = addPane<EntrustPane>();
+    m_wiring.chart = addPane<ChartPane>(ChartPane::EView::eDay);
+    m_wiring.zoom = addPane<ChartPane>(ChartPane::EView::eZoomed);
     m_levels = addPane<LevelPane>();
     m_ticket = addPane<TicketPane>();
     m_information = addPane<InformationPane>();

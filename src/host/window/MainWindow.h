@@ -83,8 +83,8 @@ Q_SIGNALS:
 private:
     void makePanes();
     void makeLayout();
-    template <class Made>
-    Made* addPane();
+    template <class Made, class... Arguments>
+    Made* addPane(Arguments... arguments);
     void connectLoader();
     void connectReplay();
     void connectActions();

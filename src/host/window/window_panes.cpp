@@ -129,7 +129,7 @@ void MainWindow::trackOrder()
     const auto order = row < 0 ? nullptr : orders.model()->getOrderData(row, false);
     if (order)
         dialog.setOrder(static_cast<int>(utils::timeOfDayMs(order->time * utils::kMSecPerSecond)),
-                        order->price, order->hands, order->side);
+                        order->price, order->lots, order->side);
     else
         dialog.setOrder(static_cast<int>(utils::timeOfDayMs(m_player->now())), m_day->detail.previousClose, 1,
                         kBuy);

@@ -1,5 +1,7 @@
 #include "host/window/workspace/panel_wiring.h"
 
+#include "holographic/CDepthHolographicWidget.h"
+#include "host/window/panes/ChartPane.h"
 #include "host/window/panes/DealsPane.h"
 #include "host/window/panes/EntrustPane.h"
 #include "host/window/panes/LadderPane.h"
@@ -18,6 +20,16 @@ constexpr int kEventLevelSelected = 3223;
 constexpr int kEventDealSelected = 3224;
 constexpr int kEventOrderTracked = 3225;
 constexpr int kEventMarkChanged = 3226;
+constexpr int kEventRangeSelected = 3227;
+
+/// Whether an index means the same deal in two models; a filter or a batch that has reached only one of them
+/// shifts it.
+bool isSameDeal(const boost::shared_ptr<Kel::DepthTransData>& one,
+                const boost::shared_ptr<Kel::DepthTransData>& other)
+{
+    return one && other && one->time == other->time && one->buyNo == other->buyNo &&
+           one->sellNo == other->sellNo && one->price == other->price && one->volume == other->volume;
+}
 
 } // namespace
 
@@ -29,10 +41,16 @@ bool PanelWiring::answer(Pane& from, int id, int first, int second, const QStrin
             ladder->answerSelection(first, second);
         return true;
     case kEventDealSelected: {
-        (void)text;
         if (m_answering)
             return true;
         const QScopedValueRollback<bool> answering(m_answering, true);
+        if (&from == deals) {
+            highlightInChart(*chart, second, text);
+            highlightInChart(*zoom, second, text);
+        } else if (&from == chart || &from == zoom) {
+            highlightInList(static_cast<ChartPane&>(from), second, text);
+            (&from == chart ? zoom : chart)->panel().highlightTransactionSeq(second);
+        }
         return true;
     }
     case kEventOrderTracked:
@@ -46,9 +64,32 @@ bool PanelWiring::answer(Pane& from, int id, int first, int second, const QStrin
         queue->panel().updateAll();
         ladder->orders().setVolumeColor(first, second);
         return true;
+    case kEventRangeSelected:
+        if (&from == chart)
+            zoom->panel().setViewTimeRange(first, second);
+        return true;
     default:
         return false;
     }
+}
+
+void PanelWiring::highlightInList(ChartPane& from, int deal, const QString& timeTag)
+{
+    Kel::CDepthTransactionWidget& list = deals->panel();
+    Kel::TransData second;
+    second.time = timeTag.toInt();
+    list.highlightTransaction(&second, true);
+    if (isSameDeal(from.panel().model()->getData(deal), list.model()->getData(deal)))
+        list.highlightTransaction(deal);
+}
+
+void PanelWiring::highlightInChart(ChartPane& target, int row, const QString& timeTag)
+{
+    Kel::CDepthHolographicWidget& panel = target.panel();
+    if (isSameDeal(deals->panel().model()->getData(row), panel.model()->getData(row)))
+        panel.highlightTransactionSeq(row);
+    else
+        panel.highlightTransactionTime(timeTag.toInt());
 }
 
 } // namespace host

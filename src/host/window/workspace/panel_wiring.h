@@ -4,6 +4,7 @@
 
 namespace host {
 
+class ChartPane;
 class DealsPane;
 class EntrustPane;
 class LadderPane;
@@ -12,7 +13,7 @@ class QueueCell;
 /// The panels of one instrument, and what they tell each other through their host:
 ///
 ///     3223  a level of the ladder was selected      -> the orders of that level open beside it
-///     3224  a deal was selected in list or chart    -> the other one highlights it
+///     3224  a deal was selected in list or chart    -> list and charts highlight it
 ///     3225  a tracked order was found               -> queue and orders of a level mark it
 ///     3226  the filter's mark changed               -> queue and orders of a level mark that size
 ///     3227  a range was selected on the chart       -> the zoomed chart below shows it
@@ -25,6 +26,8 @@ public:
     LadderPane* ladder = nullptr;
     DealsPane* deals = nullptr;
     EntrustPane* orders = nullptr;
+    ChartPane* chart = nullptr;
+    ChartPane* zoom = nullptr;
 
     int trackedFound = 0; ///< tracked orders that were told of
 
@@ -32,6 +35,9 @@ public:
     bool answer(Pane& from, int id, int first, int second, const QString& text);
 
 private:
+    void highlightInList(ChartPane& from, int deal, const QString& timeTag);
+    void highlightInChart(ChartPane& chart, int row, const QString& timeTag);
+
     bool m_answering = false; ///< a highlighted panel may tell of its selection: that is no news
 };
 
