@@ -1,8 +1,6 @@
 // Tabs, pages, events and the life of the information panel.
 
-#include "FailingMemory.h"
 #include "InformationFixture.h"
-#include "information/ReaderThreads.h"
 #include "platform/resources/CUiResource.h"
 #include "platform/toolkit/CBaseTableColumnSimpleTextDelegate.h"
 
@@ -295,19 +293,6 @@ TEST_F(InformationEvents, TheWheelStays)
     event.ignore();
     QCoreApplication::sendEvent(&m_panel, &event);
     EXPECT_TRUE(event.isAccepted());
-}
-
-TEST_F(InformationEvents, WithoutMemoryForAReaderThePanelStays)
-{
-    write("SH", "600000", "a.csv", "x\n1\n");
-    m_panel.setStock("SH600000");
-    {
-        test::FailingMemory failing;
-        EXPECT_NO_THROW(m_panel.slotRequestTimeOut());
-        EXPECT_NO_THROW(m_panel.requestInfo());
-    }
-    ReaderThreads::instance().wait();
-    EXPECT_TRUE(m_panel.m_local->localHeaders.isEmpty());
 }
 
 TEST_F(InformationEvents, PanelsMayEndWhileTheyRead)

@@ -1,6 +1,5 @@
 #include "information/ReaderThreads.h"
 
-#include "FailingMemory.h"
 #include "platform/LogCapture.h"
 
 #include <boost/chrono/duration.hpp>
@@ -10,7 +9,6 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <new>
 #include <stdexcept>
 
 using Kel::ReaderThreads;
@@ -45,21 +43,6 @@ TEST(ReaderThreads, AJobThatThrowsEndsAloneAndIsLogged)
     ASSERT_EQ(events.size(), 2u);
     EXPECT_THAT(events[0].text + events[1].text, HasSubstr("local information not read: no luck"));
     EXPECT_EQ(events[0].level, 40000);
-}
-
-TEST(ReaderThreads, WithoutMemoryAJobIsNotDoneAndNothingIsThrown)
-{
-    bool ran = false;
-    const auto job = [&ran] { ran = true; };
-    {
-        test::FailingMemory failing;
-        EXPECT_NO_THROW(threads().start(job));
-    }
-    threads().wait(); // which counts only jobs that run
-    EXPECT_FALSE(ran);
-    threads().start(job);
-    threads().wait();
-    EXPECT_TRUE(ran);
 }
 
 TEST(ReaderThreadsDeathTest, TheEndOfTheProcessWaitsForItsReaders)
