@@ -150,8 +150,8 @@ public:
     using CInformationWidget::readLocalInformation;
 };
 
-/// What the GUI thread does when a file of so many rows was read: the table and its picture.
-void showLocalFile(benchmark::State& state)
+/// What the GUI thread does when a file was read: the table and its picture.
+void showFile(benchmark::State& state, const QByteArray& bytes)
 {
     addStock();
     QTemporaryDir directory;
@@ -160,9 +160,7 @@ void showLocalFile(benchmark::State& state)
     QDir().mkpath(folder);
     QFile file(folder + "/a.csv");
     file.open(QIODevice::WriteOnly);
-    file.write("日期,名称,价格,数量,金额\n");
-    for (int row = 0; row < state.range(0); ++row)
-        file.write("2023-02-01,持股名称甲乙," + QByteArray::number(row) + ".25,12,1234567.89\n");
+    file.write(bytes);
     file.close();
     ReadingPanel panel;
     panel.resize(640, 400);
@@ -181,7 +179,23 @@ void showLocalFile(benchmark::State& state)
         panel.render(&picture);
     }
 }
+
+void showLocalFile(benchmark::State& state)
+{
+    QByteArray bytes("日期,名称,价格,数量,金额\n");
+    for (int row = 0; row < state.range(0); ++row)
+        bytes += "2023-02-01,持股名称甲乙," + QByteArray::number(row) + ".25,12,1234567.89\n";
+    showFile(state, bytes);
+}
 BENCHMARK(showLocalFile)->Arg(1000)->Arg(1000000)->Unit(benchmark::kMillisecond);
+
+/// A thousand columns of texts that no cell has room for.
+void showRubbish(benchmark::State& state)
+{
+    const QByteArray line = (QByteArray(2000, 'x') + ',').repeated(1000) + '\n';
+    showFile(state, line.repeated(20));
+}
+BENCHMARK(showRubbish)->Unit(benchmark::kMillisecond);
 
 void readLocalFile(benchmark::State& state)
 {

@@ -1,5 +1,5 @@
 // Local information files of any bytes, read in pieces of any size, against a reading of the whole by the
-// plain rule: lines, parts between commas, quoted parts joined.
+// plain rule: lines, parts between commas, quoted parts joined. A second reading has little memory to fill.
 
 #include "information/LocalFileParser.h"
 
@@ -100,12 +100,24 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         return 0;
     const std::size_t piece = 1 + data[0] % 16;
     const std::string bytes(reinterpret_cast<const char*>(data) + 1, size - 1);
+    const auto read = [&](Kel::LocalFileParser& parser) {
+        for (std::size_t at = 0; at < bytes.size(); at += piece)
+            parser.feed(bytes.data() + at, std::min(piece, bytes.size() - at));
+        parser.finish();
+    };
     Kel::LocalFileParser parser;
-    for (std::size_t at = 0; at < bytes.size(); at += piece)
-        parser.feed(bytes.data() + at, std::min(piece, bytes.size() - at));
-    parser.finish();
+    read(parser);
     const Table plain = plainReading(bytes);
     if (parser.headers() != plain.headers || parser.rows() != plain.rows)
+        std::abort();
+
+    // A small budget ends the table, and is kept.
+    const std::size_t budget = std::size_t(data[0]) * 16;
+    Kel::LocalFileParser poor(budget);
+    read(poor);
+    if (poor.cost() > budget || poor.isFull() != (parser.cost() > budget))
+        std::abort();
+    if (poor.hasHeader() && poor.headers() != plain.headers)
         std::abort();
     return 0;
 }

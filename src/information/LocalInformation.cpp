@@ -117,7 +117,7 @@ void LocalInformation::readDirectory(const QString& directory, const QString& na
                                                               QDir::Size | QDir::Reversed);
     std::size_t left = m_budget;
     for (const QFileInfo& file : files) {
-        if (isEnding())
+        if (isEnding() || left == 0)
             return;
         try {
             left -= readFile(file.filePath(), localFileKey(name, file.fileName()), left);

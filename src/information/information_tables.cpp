@@ -1,6 +1,7 @@
 // The tables of the information panel, their tabs and rows.
 
 #include "information/CInformationWidget.h"
+#include "information/CutTextDelegate.h"
 #include "information/LocalTableModel.h"
 #include "platform/resources/CUiResource.h"
 #include "platform/toolkit/CBaseTableColumnSimpleTextDelegate.h"
@@ -209,6 +210,7 @@ void CInformationWidget::createLocalPage()
             &CInformationWidget::chooseLocalFile);
     m_tableLists[eTableLocal]->addWidget(m_fileChooser);
     m_tableLists[eTableLocal]->addWidget(m_tables[eTableLocal], 1);
+    m_tables[eTableLocal]->setItemDelegate(new CutTextDelegate(this));
     m_localModel = new LocalTableModel(this);
     m_emptyLocalModel = m_tables[eTableLocal]->model();
     m_localTitles = titlesOf(m_tables[eTableLocal]);

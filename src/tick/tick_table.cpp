@@ -8,6 +8,8 @@
 #include <QIODevice>
 #include <QTextCodec>
 
+#include <boost/make_shared.hpp>
+
 #include <algorithm>
 
 namespace Kel {
@@ -15,6 +17,7 @@ namespace Kel {
 namespace {
 
 constexpr int kRowsPerWrite = 5000;
+constexpr int kRowsPerLook = 1000; // the model's lock is held for them
 constexpr const char* kByteOrderMark = "\xEF\xBB\xBF";
 
 QString sideName(int side)
@@ -42,6 +45,21 @@ QString line(const QStringList& cells)
     return quoted.join(QLatin1Char(',')) + QStringLiteral("\r\n");
 }
 
+/// A walk by what gives the next rows of a model and what makes cells of a row.
+template <class Row, class Next, class Cells>
+TickTableWalk walkOver(Next next, Cells cells)
+{
+    return [next, cells, walk = RowWalk(),
+            taken = std::vector<Row>()](int most, std::vector<QStringList>& rows) mutable {
+        rows.clear();
+        if (!next(walk, most, taken))
+            return false;
+        for (const Row& row : taken)
+            rows.push_back(cells(row));
+        return true;
+    };
+}
+
 } // namespace
 
 QString csvCell(const QString& cell)
@@ -62,14 +80,15 @@ TickTable dealTable(const boost::shared_ptr<CModelDepthTransaction>& model)
         QStringList{QStringLiteral("时间"),   QStringLiteral("价格"),       QStringLiteral("成交量(手)"),
                     QStringLiteral("主动方"), QStringLiteral("买方委托号"), QStringLiteral("卖方委托号")};
     table.rowCount = [model] { return model->count.load(); };
-    table.row = [model](int row) {
-        const auto deal = model->getData(row);
-        if (!deal)
-            return QStringList();
-        return QStringList{
-            clockText(deal->time),         Zeb::formatPriceDoubleNumber(deal->price, model->priceTick),
-            QString::number(deal->volume), sideName(deal->activeSide),
-            QString::number(deal->buyNo),  QString::number(deal->sellNo)};
+    table.walk = [model, tick = model->priceTick] {
+        const auto next = [model](RowWalk& walk, int most, std::vector<DepthTransData>& rows) {
+            return model->nextRows(walk, most, rows);
+        };
+        return walkOver<DepthTransData>(next, [tick](const DepthTransData& deal) {
+            return QStringList{clockText(deal.time),         Zeb::formatPriceDoubleNumber(deal.price, tick),
+                               QString::number(deal.volume), sideName(deal.activeSide),
+                               QString::number(deal.buyNo),  QString::number(deal.sellNo)};
+        });
     };
     return table;
 }
@@ -82,15 +101,17 @@ TickTable orderTable(const boost::shared_ptr<CModelDepthEntrust>& model)
                     QStringLiteral("金额(元)"), QStringLiteral("方向"), QStringLiteral("类型"),
                     QStringLiteral("委托号")};
     table.rowCount = [model] { return model->orderCount.load(); };
-    table.row = [model](int row) {
-        const auto order = model->getOrderData(row, false);
-        if (!order)
-            return QStringList();
-        return QStringList{
-            clockText(order->time),         Zeb::formatPriceDoubleNumber(order->price, model->priceTick),
-            QString::number(order->lots),   plainAmount(order->volume, order->price),
-            sideName(order->side),          getOrderSymbol(order),
-            QString::number(order->orderNo)};
+    table.walk = [model, tick = model->priceTick] {
+        const auto next = [model](RowWalk& walk, int most, std::vector<DepthOrderData>& rows) {
+            return model->nextOrders(walk, most, rows);
+        };
+        return walkOver<DepthOrderData>(next, [tick](const DepthOrderData& order) {
+            return QStringList{
+                clockText(order.time),         Zeb::formatPriceDoubleNumber(order.price, tick),
+                QString::number(order.lots),   plainAmount(order.volume, order.price),
+                sideName(order.side),          getOrderSymbol(boost::make_shared<DepthOrderData>(order)),
+                QString::number(order.orderNo)};
+        });
     };
     return table;
 }
@@ -102,42 +123,50 @@ TickTable cancelTable(const boost::shared_ptr<CModelDepthEntrust>& model)
         QStringList{QStringLiteral("时间"),     QStringLiteral("价格"), QStringLiteral("撤单量(手)"),
                     QStringLiteral("金额(元)"), QStringLiteral("方向"), QStringLiteral("委托号")};
     table.rowCount = [model] { return model->cancelCount.load(); };
-    table.row = [model](int row) {
-        const auto cancel = model->getCancelData(row);
-        if (!cancel)
-            return QStringList();
-        boost::shared_ptr<DepthOrderData> order;
-        model->getOrderData(cancel->orderNo, order);
-        const double price = order ? order->price : cancel->price;
-        return QStringList{clockText(cancel->time),
-                           Zeb::formatPriceDoubleNumber(price, model->priceTick),
-                           QString::number(cancel->lots),
-                           order ? plainAmount(cancel->volume, price) : QString(),
-                           order ? sideName(order->side) : QString(),
-                           QString::number(cancel->orderNo)};
+    table.walk = [model, tick = model->priceTick] {
+        const auto next = [model](RowWalk& walk, int most, std::vector<CancelWithOrder>& rows) {
+            return model->nextCancels(walk, most, rows);
+        };
+        return walkOver<CancelWithOrder>(next, [tick](const CancelWithOrder& row) {
+            const double price = row.isKnown ? row.order.price : row.cancel.price;
+            return QStringList{clockText(row.cancel.time),
+                               Zeb::formatPriceDoubleNumber(price, tick),
+                               QString::number(row.cancel.lots),
+                               row.isKnown ? plainAmount(row.cancel.volume, price) : QString(),
+                               row.isKnown ? sideName(row.order.side) : QString(),
+                               QString::number(row.cancel.orderNo)};
+        });
     };
     return table;
 }
 
-bool writeCsv(const TickTable& table, QIODevice& device, ETableEncoding encoding,
-              const std::function<bool(int, int)>& progress)
+ETableResult writeCsv(const TickTable& table, QIODevice& device, ETableEncoding encoding,
+                      const std::function<bool(int, int)>& progress)
 {
-    const int total = table.rowCount();
+    int total = table.rowCount();
+    const TickTableWalk walk = table.walk();
+    std::vector<QStringList> rows;
     QByteArray bytes = encoding == ETableEncoding::eUtf8WithMark ? QByteArray(kByteOrderMark) : QByteArray();
     bytes += encoded(line(table.columns), encoding);
-    for (int row = 0;; ++row) {
-        if (row == total || row % kRowsPerWrite == 0) {
+    for (int done = 0;;) {
+        const bool isEnd = done == total;
+        if (isEnd || done % kRowsPerWrite == 0) {
             if (device.write(bytes) != bytes.size())
-                return false;
+                return ETableResult::eDeviceFull;
             bytes.clear();
-            if (progress && !progress(row, total))
-                return false;
+            if (progress && !progress(done, total))
+                return ETableResult::eStopped;
         }
-        if (row == total)
-            return true;
-        const QStringList cells = table.row(row);
-        if (!cells.isEmpty())
+        if (isEnd)
+            return ETableResult::eWritten;
+        if (!walk(std::min(kRowsPerLook, total - done), rows))
+            return ETableResult::eListChanged;
+        if (rows.empty())
+            total =
+                done; // rows went: cancels that the filter keeps no longer, now that their orders are known
+        for (const QStringList& cells : rows)
             bytes += encoded(line(cells), encoding);
+        done += static_cast<int>(rows.size());
     }
 }
 

@@ -1,9 +1,10 @@
 // Tabs, pages, events and the life of the information panel.
 
-#include "FailingMemory.h"
 #include "InformationFixture.h"
-#include "information/ReaderThreads.h"
+#include "platform/resources/CUiResource.h"
+#include "platform/toolkit/CBaseTableColumnSimpleTextDelegate.h"
 
+#include <QHeaderView>
 #include <QWheelEvent>
 
 #include <memory>
@@ -68,6 +69,36 @@ TEST_F(InformationEvents, TheTabsHaveTheirSizeAndTheNewsWait)
         EXPECT_TRUE(tab->autoRaise());
         EXPECT_EQ(tab->isEnabled(), QString(name) != "新闻") << name;
     }
+}
+
+TEST_F(InformationEvents, TabsTablesAndTitlesHaveTheirColoursFontAndPlace)
+{
+    const auto& resource = utils::CSingletonT<Zeb::CUiResource>::instance();
+    const auto color = [&resource](const char* key) { return *resource.getColor(QLatin1String(key)); };
+    m_panel.resize(600, 200);
+    m_panel.show();
+    QCoreApplication::processEvents();
+    const auto groundOf = [this](const char* name) {
+        return m_panel.tab(name)->grab().toImage().pixelColor(4, 4);
+    };
+    EXPECT_EQ(groundOf("新闻"), color("kel_clr_depth_bottom_group_btn_disable"));
+    EXPECT_EQ(groundOf("本地资讯"), color("kel_clr_depth_bottom_group_btn_nomal"));
+    EXPECT_EQ(groundOf("研报"), color("kel_clr_depth_bottom_group_btn_press"));
+    EXPECT_EQ(m_panel.tab("新闻")->x(), 2 + 5);
+    EXPECT_EQ(m_panel.tab("公告")->x(), 2 + 5 + 60 + 5);
+
+    const Zeb::CStandardTable& table = *m_panel.m_tables[2];
+    EXPECT_EQ(table.mapTo(&m_panel, QPoint()), QPoint(2, 20));
+    const QImage picture = m_panel.m_tables[2]->grab().toImage();
+    EXPECT_EQ(picture.pixelColor(300, 100), color("ic_clr_table_background"));
+    EXPECT_EQ(picture.pixelColor(590, 4), color("ic_clr_table_number_background"));
+    EXPECT_EQ(table.horizontalHeader()->font(), *resource.getFont("fnt_default_normal"));
+
+    auto* const titles =
+        qobject_cast<Zeb::CBaseTableColumnSimpleTextDelegate*>(table.itemDelegateForColumn(3));
+    titles->setItemText("0", "回购");
+    EXPECT_EQ(titles->preferredWidth(),
+              QFontMetrics(*resource.getFont("fnt_default_normal_fix")).horizontalAdvance("回购") + 8);
 }
 
 TEST_F(InformationEvents, ReportsAreTheFirstPage)
@@ -262,19 +293,6 @@ TEST_F(InformationEvents, TheWheelStays)
     event.ignore();
     QCoreApplication::sendEvent(&m_panel, &event);
     EXPECT_TRUE(event.isAccepted());
-}
-
-TEST_F(InformationEvents, WithoutMemoryForAReaderThePanelStays)
-{
-    write("SH", "600000", "a.csv", "x\n1\n");
-    m_panel.setStock("SH600000");
-    {
-        test::FailingMemory failing;
-        EXPECT_NO_THROW(m_panel.slotRequestTimeOut());
-        EXPECT_NO_THROW(m_panel.requestInfo());
-    }
-    ReaderThreads::instance().wait();
-    EXPECT_TRUE(m_panel.m_local->localHeaders.isEmpty());
 }
 
 TEST_F(InformationEvents, PanelsMayEndWhileTheyRead)

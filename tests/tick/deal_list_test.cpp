@@ -28,6 +28,37 @@ TEST(DealListLife, ObjectNameAndTimerWithoutAUserConfiguration)
     EXPECT_TRUE(panel.findChild<QTimer*>()->isActive());
 }
 
+TEST(DealListLife, BeginsEmptyWithTheWidthsOfItsColumns)
+{
+    const DealPanel panel;
+    EXPECT_EQ(panel.m_layout.rowHeight, 18);
+    EXPECT_EQ(panel.m_layout.groupGap, 5);
+    EXPECT_EQ(panel.m_layout.margin, 2);
+    EXPECT_EQ(panel.m_timeWidth, 62);
+    EXPECT_EQ(panel.m_volumeWidth, 42);
+    EXPECT_EQ(panel.m_columnGap, 0);
+    EXPECT_EQ(panel.m_priceWidth, 60);
+    EXPECT_EQ(panel.m_holoWidth, 92);
+    EXPECT_EQ(panel.m_total, 0);
+    EXPECT_EQ(panel.m_firstIndex, 0);
+    EXPECT_EQ(panel.m_selectedIndex, -1);
+    EXPECT_EQ(panel.m_tipSide, -1);
+    EXPECT_EQ(panel.m_highlightKey, -1);
+    EXPECT_EQ(panel.m_highlightRange, std::make_pair(-1, -1));
+    EXPECT_TRUE(panel.m_followTail);
+    EXPECT_TRUE(panel.m_showHoloGraph);
+}
+
+TEST(DealListLife, EndsWithAnEmptyModel)
+{
+    auto panel = std::make_unique<DealPanel>();
+    panel->fill(3);
+    const auto model = panel->model();
+    ASSERT_EQ(model->count, 3);
+    panel.reset();
+    EXPECT_EQ(model->count, 0);
+}
+
 TEST(DealListLife, TheTimerHasTheUsersPeriodAndFollowsIt)
 {
     CUserConfig config;
@@ -144,6 +175,36 @@ TEST(DealListRefresh, AHiddenPanelLeavesTheFlagAndCatchesUpWhenItIsShown)
     panel.slotTimeout();
     EXPECT_FALSE(panel.m_model->dirty);
     EXPECT_EQ(panel.m_total, 3);
+}
+
+TEST(DealListRefresh, ARowThatVanishedEndsThePicture)
+{
+    DealPanel panel;
+    panel.fill(8);
+    panel.m_total = 10;
+    EXPECT_EQ(panel.picture()->count(QStringLiteral("10.00")), 8);
+    panel.m_model->clear();
+    EXPECT_EQ(panel.m_total, 10) << "until the next look";
+    EXPECT_TRUE(panel.picture()->texts().isEmpty());
+}
+
+TEST(DealListRefresh, AFilterThatLeavesMoreThanTheRoomShowsTheTailOfTheNewList)
+{
+    DealPanel panel;
+    panel.fill(60);
+    SDepthFilterParam param;
+    param.relate = 1;
+    param.volume = 21; // 40 rows pass
+    panel.m_model->setFilterParam(param);
+    panel.slotTimeout();
+    EXPECT_EQ(panel.m_firstIndex, 30);
+    EXPECT_EQ(panel.m_scrollBar->maximum(), 30);
+    panel.m_scrollBar->setValue(4);
+    param.volume = 31; // 30 rows pass, and the reader is not at the tail
+    panel.m_model->setFilterParam(param);
+    panel.slotTimeout();
+    EXPECT_EQ(panel.m_firstIndex, 4);
+    EXPECT_EQ(panel.m_scrollBar->maximum(), 20);
 }
 
 TEST(DealListRefresh, NothingHappensWithoutNews)

@@ -244,6 +244,41 @@ TEST_F(EntrustLists, ATrackedOrderIsFoundAndDrawnInTheFirstMarkColour)
     EXPECT_EQ(texts[1].color(), colorOf("ic_clr_mark_light_blue"));
 }
 
+TEST_F(EntrustLists, ATrackedOrderThatIsMarkedAsWellHasTheColourOfTheTracked)
+{
+    SDepthFilterParam param;
+    param.mark = 55;
+    param.color = 3;
+    orderList.setFilterParam(param);
+    orders({order(5, 1, 10, 5500, at(10, 0, 1)), order(6, 1, 10, 5500, at(10, 0, 2))});
+    orderList.setTrackOrderParam((10 * 3600 + 1) * 1000, 10, 55, 1, 42);
+    const auto texts = orderList.picture()->textCommands(QStringLiteral("55"));
+    ASSERT_EQ(texts.size(), 2u);
+    EXPECT_EQ(texts[0].color(), colorOf("ic_clr_mark_light_blue"));
+    EXPECT_EQ(texts[1].color(), colorOf("ic_clr_mark_yellow"));
+}
+
+TEST_F(EntrustLists, ARowThatVanishedEndsThePicture)
+{
+    orders({order(5, 1, 10, 5500, at(10, 0, 1)), order(6, 1, 10, 5500, at(10, 0, 2))});
+    deals({cancel(1, 5, 0, 5500, at(10, 0, 3))});
+    orderList.m_total = 4;
+    cancelList.m_total = 4;
+    EXPECT_EQ(orderList.picture()->count(QStringLiteral("55")), 2);
+    EXPECT_EQ(cancelList.picture()->count(QStringLiteral("55")), 1);
+}
+
+TEST_F(EntrustLists, TheBarTakesNoRoomFromTheHands)
+{
+    Batch batch;
+    for (int number = 1; number <= 20; ++number)
+        batch.push_back(order(number, 1, 10, 5500, at(10, 0, 1)));
+    orders(batch);
+    ASSERT_FALSE(orderList.m_scrollBar->isHidden());
+    EXPECT_TRUE(orderList.picture()->textCommands(QStringLiteral("55"))[0].standsIn(
+        orderList.cell(0, priceLeft(orderList) + 60, 42), kRight));
+}
+
 TEST_F(EntrustLists, TrackingComparesExactlyAndLimitOrdersOnly)
 {
     orders({order(5, 1, 10, 5500, at(10, 0, 1), 2), order(6, 1, 10, 5500, at(10, 0, 2))});

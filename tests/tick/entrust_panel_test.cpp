@@ -46,6 +46,17 @@ TEST(EntrustPanelLife, HasNameAndTimer)
     EXPECT_EQ(panel.findChild<QTimer*>()->interval(), 200);
 }
 
+TEST(EntrustPanelLife, EndsWithAnEmptyModel)
+{
+    auto panel = std::make_unique<EntrustPanel>();
+    panel->orders({order(5, 1, 10, 100, at(10, 0, 0))});
+    panel->deals({cancel(1, 5, 0, 100, at(10, 0, 1))});
+    const auto model = panel->model();
+    panel.reset();
+    EXPECT_EQ(model->orderCount, 0);
+    EXPECT_EQ(model->cancelCount, 0);
+}
+
 TEST(EntrustPanelLife, TheTimerHasTheUsersPeriodAndFollowsIt)
 {
     CUserConfig config;

@@ -44,6 +44,7 @@ public:
     using CDepthFilterSettingDialog::m_com2Button;
     using CDepthFilterSettingDialog::m_endEdit;
     using CDepthFilterSettingDialog::m_markEdit;
+    using CDepthFilterSettingDialog::saveParam;
     using CDepthFilterSettingDialog::m_param;
     using CDepthFilterSettingDialog::m_paramJson;
     using CDepthFilterSettingDialog::m_relateButton;
@@ -290,6 +291,16 @@ TEST_F(FilterDialog, ValidatorsStopWhatIsNoNumberOrTooLarge)
     EXPECT_EQ(dialog.m_param.mark, 120000);
     type(dialog.m_amountEdit, "2147483648");
     EXPECT_EQ(dialog.m_param.amount, 214748364);
+}
+
+TEST_F(FilterDialog, TextThatIsNoNumberReadsAsZero)
+{
+    dialog.m_param.volume = 7;
+    dialog.m_volumeEdit->setText(QStringLiteral("12a"));
+    EXPECT_TRUE(dialog.handleEvent(100, eVolumeControl, 0, QString(), nullptr));
+    EXPECT_EQ(dialog.m_param.volume, 0);
+    dialog.saveParam();
+    EXPECT_NE(dialog.m_paramJson.find("\"volume\" : 0,"), std::string::npos) << dialog.m_paramJson;
 }
 
 TEST_F(FilterDialog, AProgrammaticChangeIsSilent)

@@ -32,7 +32,7 @@ protected:
     {
         QBuffer buffer;
         buffer.open(QIODevice::WriteOnly);
-        EXPECT_TRUE(writeCsv(table, buffer, encoding, {}));
+        EXPECT_EQ(writeCsv(table, buffer, encoding, {}), ETableResult::eWritten);
         return buffer.data();
     }
 
@@ -85,22 +85,127 @@ TEST_F(TickTables, ProgressGoesToTheEndAndMayStopTheWriting)
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
     std::vector<int> seen;
-    EXPECT_TRUE(writeCsv(dealTable(deals), buffer, ETableEncoding::eUtf8WithMark, [&](int done, int total) {
+    const auto notice = [&](int done, int total) {
         EXPECT_EQ(total, 12002);
         seen.push_back(done);
         return true;
-    }));
+    };
+    EXPECT_EQ(writeCsv(dealTable(deals), buffer, ETableEncoding::eUtf8WithMark, notice),
+              ETableResult::eWritten);
     EXPECT_EQ(seen, (std::vector<int>{0, 5000, 10000, 12002}));
     EXPECT_EQ(buffer.data().count("\r\n"), 12003);
-    EXPECT_FALSE(writeCsv(dealTable(deals), buffer, ETableEncoding::eUtf8WithMark,
-                          [](int done, int) { return done < 5000; }));
+    EXPECT_EQ(writeCsv(dealTable(deals), buffer, ETableEncoding::eUtf8WithMark,
+                       [](int done, int) { return done < 5000; }),
+              ETableResult::eStopped);
 }
 
 TEST_F(TickTables, ADeviceThatTakesNothingIsAFailure)
 {
     QBuffer closed;
     closed.open(QIODevice::ReadOnly);
-    EXPECT_FALSE(writeCsv(dealTable(deals), closed, ETableEncoding::eUtf8WithMark, {}));
+    EXPECT_EQ(writeCsv(dealTable(deals), closed, ETableEncoding::eUtf8WithMark, {}),
+              ETableResult::eDeviceFull);
+}
+
+namespace {
+
+/// Writes a table of `count` rows and does something once 5000 of them are written; the lines.
+QList<QByteArray> writtenWith(const TickTable& table, const std::function<void()>& between,
+                              ETableResult expected)
+{
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    const auto progress = [&](int done, int) {
+        if (done == 5000)
+            between();
+        return true;
+    };
+    EXPECT_EQ(writeCsv(table, buffer, ETableEncoding::eUtf8WithMark, progress), expected);
+    QList<QByteArray> lines = buffer.data().split('\n');
+    lines.removeFirst();
+    lines.removeLast();
+    return lines;
+}
+
+Batch manyDeals(int from)
+{
+    Batch batch;
+    for (int number = from; number < from + 8000; ++number)
+        batch.push_back(deal(number, number, 6, 10, 100, at(10, 1, 0) + number));
+    return batch;
+}
+
+} // namespace
+
+TEST_F(TickTables, RowsThatComeMeanwhileNeitherDoubleNorDropOnes)
+{
+    deals->clear();
+    deals->transactionCallback(0, 1, wrap(manyDeals(100)));
+    const QList<QByteArray> plain = writtenWith(
+        dealTable(deals), [] {}, ETableResult::eWritten);
+    ASSERT_EQ(plain.size(), 8000);
+    const auto late = [&] {
+        deals->transactionCallback(
+            0, 1,
+            wrap({deal(1, 1, 2, 9, 100, at(10, 1, 0)), deal(2, 1, 2, 9, 100, at(10, 1, 3)),
+                  deal(99999, 1, 2, 9, 100, at(14, 0, 0))}));
+    };
+    EXPECT_EQ(writtenWith(dealTable(deals), late, ETableResult::eWritten), plain);
+
+    Batch orders;
+    for (int number = 100; number < 8100; ++number)
+        orders.push_back(order(number, 1, 10, 100, at(10, 1, 0) + number));
+    entrusts->clear();
+    entrusts->entrustCallback(0, 1, wrap(orders));
+    const QList<QByteArray> plainOrders = writtenWith(
+        orderTable(entrusts), [] {}, ETableResult::eWritten);
+    ASSERT_EQ(plainOrders.size(), 8000);
+    const auto lateOrders = [&] {
+        entrusts->entrustCallback(0, 1, wrap({order(1, 1, 10, 100, at(10, 1, 0))}));
+    };
+    EXPECT_EQ(writtenWith(orderTable(entrusts), lateOrders, ETableResult::eWritten), plainOrders);
+}
+
+TEST_F(TickTables, CancelsThatAreJudgedAgainMeanwhileNeitherDoubleNorDropOthers)
+{
+    SDepthFilterParam param;
+    param.unsell = false;
+    entrusts->clear();
+    entrusts->setFilterParam(param);
+    Batch batch;
+    for (int number = 1; number <= 8000; ++number)
+        batch.push_back(cancel(number, number, 0, 100, at(10, 1, 0)));
+    entrusts->transactionCallback(0, 1, wrap(batch));
+    const auto sold =
+        [&] { // three of the written ones turn out to be of sell orders, the last one among them
+            entrusts->entrustCallback(
+                0, 1,
+                wrap({order(10, 2, 10, 100, at(9, 1, 0)), order(20, 2, 10, 100, at(9, 1, 0)),
+                      order(5000, 2, 10, 100, at(9, 1, 0))}));
+        };
+    const QList<QByteArray> lines = writtenWith(cancelTable(entrusts), sold, ETableResult::eWritten);
+    EXPECT_EQ(entrusts->cancelCount, 7997);
+    ASSERT_EQ(lines.size(), 8000) << "those that were written stay";
+    for (int line = 0; line < lines.size(); ++line)
+        ASSERT_TRUE(lines[line].endsWith("," + QByteArray::number(line + 1) + "\r")) << line;
+}
+
+TEST_F(TickTables, OfAListThatBecomesAnotherOneAreNotWrittenOn)
+{
+    for (const int change : {0, 1, 2}) {
+        deals->transactionCallback(0, 0, wrap(manyDeals(100)));
+        const auto become = [&] {
+            SDepthFilterParam param;
+            param.volume = change;
+            if (change == 0)
+                deals->clear();
+            else if (change == 1)
+                deals->setFilterParam(param);
+            else
+                deals->transactionCallback(0, 0, wrap(manyDeals(100)));
+        };
+        EXPECT_EQ(writtenWith(dealTable(deals), become, ETableResult::eListChanged).size(), 5000) << change;
+    }
 }
 
 TEST(CsvCell, IsQuotedOnlyWhereItMust)

@@ -311,6 +311,45 @@ TEST_F(Track, TheOrderHasItsRow)
     EXPECT_TRUE(info->text(QStringLiteral("10.01万")).standsIn(QRect(180, 25, width - 190, 25), kRight));
 }
 
+TEST_F(Track, TheCaptionShowsTheHandsOfTheOrderAsTheyAre)
+{
+    auto order = boost::make_shared<DepthOrderData>();
+    order->price = 10;
+    order->lots = 7;
+    order->volume = 10000;
+    order->side = 1;
+    dialog.setEntrustData(order);
+    const auto info = picture(dialog.m_orderInfo);
+    EXPECT_EQ(info->count(QStringLiteral("7手")), 1);
+    EXPECT_EQ(info->count(QStringLiteral("100手")), 1) << "the row counts shares";
+    order->volume = 0;
+    EXPECT_EQ(picture(dialog.m_orderInfo)->count(QStringLiteral("1手")), 1) << "a row has no 0";
+}
+
+TEST_F(Track, PartsAreDividedByALineInTheMiddleOfItsWidget)
+{
+    const auto* const splitter = dialog.findChildren<CSpliterWidget*>().at(0);
+    const QImage image = const_cast<CSpliterWidget*>(splitter)->grab().toImage();
+    for (const int x : {0, image.width() / 2, image.width() - 1}) {
+        EXPECT_EQ(image.pixelColor(x, 5), colorOf("ic_clr_modelgroup_transaction_splitter")) << x;
+        EXPECT_EQ(image.pixelColor(x, 4), colorOf("ic_clr_graph_kline_bg")) << x;
+    }
+}
+
+TEST_F(Track, ThePieAloneIsSmooth)
+{
+    show(1, {record(1, 300)});
+    QImage image(dialog.m_graph->size(), QImage::Format_ARGB32_Premultiplied);
+    QPainter painter(&image);
+    dialog.m_graph->draw(painter);
+    EXPECT_FALSE(painter.testRenderHint(QPainter::Antialiasing));
+    painter.end();
+    QSet<QRgb> colors; // a row through the pie without its text: smooth edges have colours of their own
+    for (int x = 20; x < 90; ++x)
+        colors.insert(image.pixel(x, 30));
+    EXPECT_GT(colors.size(), 3);
+}
+
 TEST_F(Track, DealsOfTheOrdersSideAreActive)
 {
     show(1, {record(1, 300), record(2, 500), record(0, 700), record(3, 900), nullptr});

@@ -67,6 +67,8 @@ void CModelDepthEntrust::clear()
         cancels.swap(m_rows->cancels);
         deals.swap(m_rows->deals);
         views.swap(m_rows->views);
+        ++m_rows->orderMarks.list;
+        ++m_rows->cancelMarks.list;
         m_rows->publishOrders();
         m_rows->publishCancels();
     }

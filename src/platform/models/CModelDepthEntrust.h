@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/models/RowWalk.h"
 #include "platform/utils/AtomicSharedPtr.h"
 #include "records/CFormulaParam.h"
 #include "records/CInstrumentDetail.h"
@@ -19,6 +20,14 @@
 #include <vector>
 
 namespace Kel {
+
+/// A cancellation and its order, as far as that is known.
+struct CancelWithOrder
+{
+    DepthCancelData cancel;
+    bool isKnown = false;
+    DepthOrderData order;
+};
 
 /// The orders and the cancellations of one instrument's day, each list filtered, and the deals of each
 /// order.
@@ -82,6 +91,12 @@ public:
     /// record. `kind` is 3 for a cancellation, else the side that was active, 0 for none. True if there is
     /// one.
     bool getTransactionData(int number, std::list<boost::shared_ptr<quoter::TransactionData>>& records) const;
+
+    /// Give the next rows of a walk over a filtered list, at most so many (a thousand takes the lock for a
+    /// moment); none when the walk is at the end. False when the list is another one than that which the walk
+    /// began with.
+    bool nextOrders(RowWalk& walk, int most, std::vector<DepthOrderData>& rows) const;
+    bool nextCancels(RowWalk& walk, int most, std::vector<CancelWithOrder>& rows) const;
 
     /// The number, counted from 1, of a row among the rows of its second; 0 outside.
     int tracebackOrderSeq(int row) const;

@@ -70,6 +70,7 @@ void CModelDepthTransaction::clear()
         deals.swap(m_rows->deals);
         orders.swap(m_rows->orders);
         view.swap(m_rows->view);
+        ++m_rows->marks.list;
         m_rows->firstChanged = 0;
         m_rows->publish();
     }
@@ -206,6 +207,22 @@ void CModelDepthTransaction::visitRows(int first, int last,
         m_rows->view->fill(*m_rows->deals, at, row);
         visit(at, row);
     }
+}
+
+bool CModelDepthTransaction::nextRows(RowWalk& walk, int most, std::vector<DepthTransData>& rows) const
+{
+    rows.clear();
+    const Lock lock(m_rows->mutex);
+    const DealView& view = *m_rows->view;
+    const auto keyOf = [&](int row) { return view.keyOf(*m_rows->deals, row); };
+    if (!walk.resume(m_rows->marks, view.size(), keyOf))
+        return false;
+    while (static_cast<int>(rows.size()) < most && walk.next() < view.size()) {
+        rows.emplace_back();
+        view.fill(*m_rows->deals, walk.next(), rows.back());
+        walk.pass(keyOf(walk.next()));
+    }
+    return true;
 }
 
 void CModelDepthTransaction::visitSides(

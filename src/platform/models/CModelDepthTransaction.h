@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/models/RowWalk.h"
 #include "platform/utils/AtomicSharedPtr.h"
 #include "records/CFormulaParam.h"
 #include "records/CInstrumentDetail.h"
@@ -17,6 +18,7 @@
 #include <cstddef>
 #include <functional>
 #include <utility>
+#include <vector>
 
 namespace Kel {
 
@@ -107,8 +109,13 @@ public:
     /// the model's lock: it must be short and must not call the model.
     void visitRows(int first, int last, const std::function<void(int, const DepthTransData&)>& visit) const;
 
-    /// The same with both sides of each row. A caller with many rows asks for them in pieces, so that the
-    /// feed gets the lock in between.
+    /// Gives the next rows of a walk over the filtered list, at most so many (a thousand takes the lock for a
+    /// moment); none when the walk is at the end. False when the list is another one than that which the walk
+    /// began with.
+    bool nextRows(RowWalk& walk, int most, std::vector<DepthTransData>& rows) const;
+
+    /// As `visitRows`, with both sides of each row. A caller with many rows asks for them in pieces, so that
+    /// the feed gets the lock in between.
     void visitSides(int first, int last,
                     const std::function<void(int, const DepthTransData&, const DealSide& buy,
                                              const DealSide& sell)>& visit) const;

@@ -8,6 +8,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <utility>
 
 namespace Kel {
 
@@ -34,6 +35,13 @@ public:
 
     /// Fills a row of the filtered list as it is handed out.
     void fill(const DealLog& deals, int row, DepthTransData& into) const;
+
+    /// Time tag and deal number of a row of the filtered list.
+    std::pair<int, int> keyOf(const DealLog& deals, int row) const
+    {
+        const DealRow& deal = deals[m_indexes.at(row)];
+        return {deal.time, deal.dealNo};
+    }
 
     /// The seconds of the filtered list.
     const SecondIndex& seconds() const { return m_seconds; }

@@ -76,7 +76,7 @@ void CModelDepthEntrust::Rows::takeOrders(const quoter::QuoterBatch& batch, bool
         if (rows.empty() && work.orders->size() == 0)
             return;
         OrderLog().prepare(rows);
-        replaceOrders(merged(OrderLog(), rows), 0, work);
+        replaceOrders(merged(OrderLog(), rows), true, 0, work);
         return;
     }
     work.orders->prepare(rows);
@@ -85,7 +85,7 @@ void CModelDepthEntrust::Rows::takeOrders(const quoter::QuoterBatch& batch, bool
     const int after = rowsAfter(*work.orders, rows.front());
     const std::size_t step = rowsAtATime(after, rows.size());
     if (step == 0) {
-        replaceOrders(merged(*work.orders, rows), work.orders->size() - after, work);
+        replaceOrders(merged(*work.orders, rows), false, work.orders->size() - after, work);
         return;
     }
     forSlices(rows.size(), step, [&](std::size_t from, std::size_t to) {
@@ -99,7 +99,10 @@ void CModelDepthEntrust::Rows::takeOrders(const quoter::QuoterBatch& batch, bool
 
 void CModelDepthEntrust::Rows::placeOrders(const OrderLogRow* begin, const OrderLogRow* end)
 {
+    const int before = orders->size();
     const int first = placeInOrder(*orders, begin, end);
+    if (first < before)
+        ++orderMarks.late;
     views->truncateOrders(first);
     views->lookAtOrders(*orders, orders->size());
     if (pending)
@@ -118,7 +121,8 @@ void CModelDepthEntrust::Rows::judgeCancelsOf(const OrderLogRow* begin, const Or
     if (indexes.empty())
         return;
     std::sort(indexes.begin(), indexes.end());
-    views->judgeCancels(*orders, *cancels, indexes);
+    if (views->judgeCancels(*orders, *cancels, indexes))
+        ++cancelMarks.late;
     if (pending)
         pending->judgeCancels(*orders, *cancels, indexes);
     publishCancels(); // even if all verdicts stand: the rows show side and price of their orders
@@ -126,8 +130,8 @@ void CModelDepthEntrust::Rows::judgeCancelsOf(const OrderLogRow* begin, const Or
 
 /// Puts another log in force, and both lists, whose cancels are judged by it; they are made while readers
 /// still see the old ones.
-void CModelDepthEntrust::Rows::replaceOrders(const std::shared_ptr<OrderLog>& next, int firstChanged,
-                                             Work& work)
+void CModelDepthEntrust::Rows::replaceOrders(const std::shared_ptr<OrderLog>& next, bool anew,
+                                             int firstChanged, Work& work)
 {
     std::shared_ptr<EntrustViews> inForce; // a filter may come into force in the meantime
     for (bool replaced = false; !replaced;) {
@@ -146,6 +150,8 @@ void CModelDepthEntrust::Rows::replaceOrders(const std::shared_ptr<OrderLog>& ne
         if (views != inForce)
             continue;
         orders = next;
+        ++(anew ? orderMarks.list : orderMarks.late);
+        ++cancelMarks.late;
         views = std::move(nextViews);
         if (pending) {
             pending->truncateOrders(firstChanged);
@@ -227,7 +233,10 @@ void CModelDepthEntrust::Rows::addCancels(std::vector<CancelLogRow>& batch, Work
         const Writer lock(mutex);
         if (generation != work.generation)
             return false;
+        const int before = cancels->size();
         const int first = placeInOrder(*cancels, batch.data() + from, batch.data() + to);
+        if (first < before)
+            ++cancelMarks.late;
         views->truncateCancels(first);
         views->lookAtCancels(*orders, *cancels, cancels->size());
         if (pending)
@@ -260,6 +269,7 @@ void CModelDepthEntrust::Rows::replaceCancels(const std::shared_ptr<CancelLog>& 
             continue;
         const bool isNews = cancels->size() > 0 || next->size() > 0;
         cancels = next;
+        ++(nextDeals ? cancelMarks.list : cancelMarks.late);
         if (nextDeals)
             deals = nextDeals;
         views->swapCancels(*nextViews);
@@ -300,6 +310,8 @@ void CModelDepthEntrust::Rows::applyFilter(const boost::shared_ptr<Rows>& rows, 
             continue;
         old = std::move(rows->views);
         rows->views = std::move(rows->pending);
+        ++rows->orderMarks.list;
+        ++rows->cancelMarks.list;
         rows->publishOrders();
         rows->publishCancels();
         return;

@@ -6,6 +6,7 @@
 #include "platform/models/EntrustViews.h"
 #include "platform/models/OrderLog.h"
 #include "platform/models/RowPages.h"
+#include "platform/models/RowWalk.h"
 #include "platform/models/ladder_lock.h"
 #include "platform/models/tick_batches.h"
 
@@ -71,6 +72,8 @@ struct CModelDepthEntrust::Rows
     std::shared_ptr<EntrustViews> pending; ///< the lists of a new filter, until they are whole
     int filterSerial = 0;
     std::uint64_t version = 0;
+    ListMarks orderMarks; ///< this one and the next: of the filtered lists
+    ListMarks cancelMarks;
     RowPages<DepthOrderData> orderPages;
     RowPages<DepthOrderData> wholeOrderPages;
     RowPages<DepthCancelData> cancelPages;
@@ -80,7 +83,7 @@ private:
     void judgeCancelsOf(const OrderLogRow* begin, const OrderLogRow* end);
     void addCancels(std::vector<CancelLogRow>& batch, Work& work);
     void addDeals(std::vector<DealRow>& batch, Work& work);
-    void replaceOrders(const std::shared_ptr<OrderLog>& next, int firstChanged, Work& work);
+    void replaceOrders(const std::shared_ptr<OrderLog>& next, bool anew, int firstChanged, Work& work);
     void replaceCancels(const std::shared_ptr<CancelLog>& next, const std::shared_ptr<DealLog>& nextDeals,
                         int firstChanged, Work& work);
 };

@@ -5,6 +5,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <utility>
 
 namespace Kel {
 
@@ -25,6 +26,13 @@ public:
 
     /// The value of the key, made if there was none.
     Value& operator[](Key key) { return m_shards[shardOf(key)][key]; }
+
+    /// The value of the key, and whether it was put there now; one that was there stays as it is.
+    std::pair<Value*, bool> tryInsert(Key key, const Value& value)
+    {
+        const auto [at, isNew] = m_shards[shardOf(key)].try_emplace(key, value);
+        return {&at->second, isNew};
+    }
 
     /// False, with nothing changed, if the key was there.
     bool insert(Key key, const Value& value) { return m_shards[shardOf(key)].emplace(key, value).second; }

@@ -50,24 +50,24 @@ bool OrderBook::addOrder(const quoter::OrderData& order)
     const bool hasSide = order.side == OQT_BUY || order.side == OQT_SELL;
     if (!hasSide || order.kind == quoter::eOrderNotStanding || order.entrustNo <= 0 || order.volume <= 0)
         return false;
-    const auto [entry, isNew] = m_index.try_emplace(order.entrustNo, kNone);
-    if (!isNew && (entry->second == kNone || node(entry->second).level != kNone))
+    const auto [entry, isNew] = m_index.tryInsert(order.entrustNo, kNone);
+    if (!isNew && (*entry == kNone || node(*entry).level != kNone))
         return false;
     m_newestTime = std::max(m_newestTime, momentOf(order));
 
     const std::int64_t volume = std::min(order.volume, kMostShares);
     const int key = priceKey(order.price, m_tick);
     const auto side = static_cast<EOrderQueueType>(order.side);
-    const std::int64_t dealt = isNew ? 0 : waitingShares(node(entry->second), side);
+    const std::int64_t dealt = isNew ? 0 : waitingShares(node(*entry), side);
     if (key <= 0 || dealt >= volume) {
         if (!isNew)
-            freeNode(entry->second);
-        entry->second = kNone;
+            freeNode(*entry);
+        *entry = kNone;
         return true;
     }
     if (isNew)
-        entry->second = takeNode();
-    const Index at = entry->second;
+        *entry = takeNode();
+    const Index at = *entry;
     Node& entered = node(at);
     entered.number = order.entrustNo;
     entered.time = momentOf(order);
@@ -115,15 +115,15 @@ void OrderBook::applyDeal(std::int64_t number, EOrderQueueType side, std::int64_
 {
     if (number == 0)
         return;
-    const auto [entry, isNew] = m_index.try_emplace(number, kNone);
+    const auto [entry, isNew] = m_index.tryInsert(number, kNone);
     if (isNew) {
-        entry->second = takeNode();
-        Node& waiting = node(entry->second);
+        *entry = takeNode();
+        Node& waiting = node(*entry);
         waiting.number = number;
         waitingShares(waiting, side) = volume;
         return;
     }
-    const Index at = entry->second;
+    const Index at = *entry;
     if (at == kNone)
         return;
     Node& dealt = node(at);
@@ -138,7 +138,7 @@ void OrderBook::applyDeal(std::int64_t number, EOrderQueueType side, std::int64_
     if (dealt.volume - dealt.dealt <= volume) {
         leave(at);
         freeNode(at);
-        entry->second = kNone;
+        *entry = kNone;
         return;
     }
     dealt.dealt += volume;
@@ -149,13 +149,13 @@ void OrderBook::applyDeal(std::int64_t number, EOrderQueueType side, std::int64_
 /// The order is finished, or will be as soon as it comes.
 void OrderBook::end(std::int64_t number)
 {
-    const auto [entry, isNew] = m_index.try_emplace(number, kNone);
-    if (isNew || entry->second == kNone)
+    const auto [entry, isNew] = m_index.tryInsert(number, kNone);
+    if (isNew || *entry == kNone)
         return;
-    if (node(entry->second).level != kNone)
-        leave(entry->second);
-    freeNode(entry->second);
-    entry->second = kNone;
+    if (node(*entry).level != kNone)
+        leave(*entry);
+    freeNode(*entry);
+    *entry = kNone;
 }
 
 // Orders and levels
@@ -164,8 +164,8 @@ void OrderBook::end(std::int64_t number)
 OrderBook::Index OrderBook::takeNode()
 {
     if (m_freeNode == kNone) {
-        m_nodes.emplace_back();
-        return static_cast<Index>(m_nodes.size()) - 1;
+        m_nodes.append(Node());
+        return m_nodes.size() - 1;
     }
     const Index at = m_freeNode;
     m_freeNode = node(at).next;
@@ -295,10 +295,10 @@ BookOrder OrderBook::toBookOrder(const Node& order) const
 
 std::optional<BookOrder> OrderBook::find(std::int64_t number) const
 {
-    const auto entry = m_index.find(number);
-    if (entry == m_index.end() || entry->second == kNone || node(entry->second).level == kNone)
+    const Index* const entry = m_index.find(number);
+    if (entry == nullptr || *entry == kNone || node(*entry).level == kNone)
         return std::nullopt;
-    return toBookOrder(node(entry->second));
+    return toBookOrder(node(*entry));
 }
 
 std::optional<BookLevel> OrderBook::level(EOrderQueueType side, int key) const
@@ -355,8 +355,7 @@ std::vector<BookLevel> OrderBook::behind(EOrderQueueType side, int key, std::siz
 std::size_t OrderBook::heapBytes() const
 {
     constexpr std::size_t kControl = 1; // of a slot of the hash tables
-    return m_nodes.capacity() * sizeof(Node) + m_levels.capacity() * sizeof(Level) +
-           m_index.capacity() * (sizeof(std::pair<std::int64_t, Index>) + kControl) +
+    return m_nodes.heapBytes() + m_levels.capacity() * sizeof(Level) + m_index.heapBytes() +
            m_dealNumbers.capacity() * (sizeof(std::int32_t) + kControl) +
            (m_buys.size() + m_sells.size()) * sizeof(std::pair<int, Index>) +
            (m_touchedBuys.capacity() + m_touchedSells.capacity()) * sizeof(int);
@@ -397,8 +396,8 @@ std::string OrderBook::levelFault(EOrderQueueType side, int key, Index at) const
     Index previous = kNone;
     for (Index current = level.first; current != kNone; current = node(current).next) {
         const Node& order = node(current);
-        const auto entry = m_index.find(order.number);
-        if (entry == m_index.end() || entry->second != current)
+        const Index* const entry = m_index.find(order.number);
+        if (entry == nullptr || *entry != current)
             return "an order is not in the index";
         if (order.previous != previous || order.level != at)
             return "an order is linked wrongly";

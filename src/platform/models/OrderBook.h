@@ -1,11 +1,12 @@
 #pragma once
 
+#include "platform/models/ChunkedRows.h"
+#include "platform/models/NumberMap.h"
 #include "records/EOrderQueueType.h"
 #include "records/OrderData.h"
 #include "records/TransactionData.h"
 
 #include <absl/container/btree_map.h>
-#include <absl/container/flat_hash_map.h>
 #include <absl/container/flat_hash_set.h>
 
 #include <cstddef>
@@ -46,6 +47,8 @@ struct BookLevel
 /// number (a deal without one, number 0, always counts), a cancellation ends its order for good. A finished
 /// order leaves at once, and with the last order its level. An order whose price has key 0 stands nowhere;
 /// its deals are dropped.
+///
+/// The tables of orders grow in parts, so that no single record waits for all of them to be moved.
 ///
 /// The book keeps account of the levels that were touched since they were last asked for, so that a reader
 /// pays for what changed and not for what stands. One thread at a time; nothing is thrown; records that make
@@ -156,8 +159,8 @@ private:
 
     Side& sideOf(EOrderQueueType side) { return side == OQT_BUY ? m_buys : m_sells; }
     const Side& sideOf(EOrderQueueType side) const { return side == OQT_BUY ? m_buys : m_sells; }
-    Node& node(Index at) { return m_nodes[static_cast<std::size_t>(at)]; }
-    const Node& node(Index at) const { return m_nodes[static_cast<std::size_t>(at)]; }
+    Node& node(Index at) { return m_nodes[at]; }
+    const Node& node(Index at) const { return m_nodes[at]; }
     Level& levelAt(Index at) { return m_levels[static_cast<std::size_t>(at)]; }
     const Level& levelAt(Index at) const { return m_levels[static_cast<std::size_t>(at)]; }
 
@@ -189,11 +192,11 @@ private:
     Side m_buys;  ///< levels by key
     Side m_sells; ///< levels by key
     std::vector<Level> m_levels;
-    std::vector<Node> m_nodes;
+    ChunkedRows<Node> m_nodes;
     Index m_freeLevel = kNone;
     Index m_freeNode = kNone;
-    absl::flat_hash_map<std::int64_t, Index> m_index; ///< nodes by number; kNone for an order that has ended
-    absl::flat_hash_set<std::int32_t> m_dealNumbers;  ///< deals that counted
+    NumberMap<std::int64_t, Index> m_index;          ///< nodes by number; kNone for an order that has ended
+    absl::flat_hash_set<std::int32_t> m_dealNumbers; ///< deals that counted
     std::size_t m_standing = 0;
     std::optional<Deal> m_newestDeal;
     std::int64_t m_newestDealTime = 0;

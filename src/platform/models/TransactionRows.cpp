@@ -86,7 +86,7 @@ bool CModelDepthTransaction::Rows::takeDeals(const quoter::QuoterBatch& batch, b
         const auto next = std::make_shared<DealLog>();
         next->prepare(rows);
         fillMerged(*next, DealLog(), rows);
-        return replaceDeals(next, 0, work);
+        return replaceDeals(next, true, 0, work);
     }
     work.deals->prepare(rows);
     if (rows.empty())
@@ -96,7 +96,7 @@ bool CModelDepthTransaction::Rows::takeDeals(const quoter::QuoterBatch& batch, b
     if (step == 0) {
         const auto next = std::make_shared<DealLog>();
         fillMerged(*next, *work.deals, rows);
-        return replaceDeals(next, work.deals->size() - after, work);
+        return replaceDeals(next, false, work.deals->size() - after, work);
     }
     bool changed = false;
     forSlices(rows.size(), step, [&](std::size_t from, std::size_t to) {
@@ -111,7 +111,10 @@ bool CModelDepthTransaction::Rows::takeDeals(const quoter::QuoterBatch& batch, b
 
 void CModelDepthTransaction::Rows::placeDeals(const DealRow* begin, const DealRow* end)
 {
+    const int before = deals->size();
     const int first = placeInOrder(*deals, begin, end);
+    if (first < before)
+        ++marks.late;
     view->truncate(first);
     view->look(*deals, deals->size());
     if (pending)
@@ -121,7 +124,8 @@ void CModelDepthTransaction::Rows::placeDeals(const DealRow* begin, const DealRo
 }
 
 /// Puts another log in force, and the list of it, which are made while readers still see the old ones.
-bool CModelDepthTransaction::Rows::replaceDeals(const std::shared_ptr<DealLog>& next, int from, Work& work)
+bool CModelDepthTransaction::Rows::replaceDeals(const std::shared_ptr<DealLog>& next, bool anew, int from,
+                                                Work& work)
 {
     std::shared_ptr<DealView> inForce; // a filter may come into force in the meantime
     for (bool replaced = false; !replaced;) {
@@ -139,6 +143,7 @@ bool CModelDepthTransaction::Rows::replaceDeals(const std::shared_ptr<DealLog>& 
         if (view != inForce)
             continue;
         deals = next;
+        ++(anew ? marks.list : marks.late);
         view = std::move(nextView);
         if (pending)
             pending->truncate(from);
@@ -198,6 +203,7 @@ void CModelDepthTransaction::Rows::applyFilter(const boost::shared_ptr<Rows>& ro
             continue;
         old = std::move(rows->view);
         rows->view = std::move(rows->pending);
+        ++rows->marks.list;
         rows->publish();
         return;
     }

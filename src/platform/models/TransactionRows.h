@@ -5,6 +5,7 @@
 #include "platform/models/DealView.h"
 #include "platform/models/OrderTable.h"
 #include "platform/models/RowPages.h"
+#include "platform/models/RowWalk.h"
 #include "platform/models/ladder_lock.h"
 #include "platform/models/tick_batches.h"
 
@@ -65,12 +66,13 @@ struct CModelDepthTransaction::Rows
     std::shared_ptr<DealView> pending; ///< the list of a new filter, until it is whole
     int filterSerial = 0;
     std::uint64_t version = 0;
+    ListMarks marks;                                    ///< of the filtered list
     int firstChanged = std::numeric_limits<int>::max(); ///< in the whole list, since it was asked for
     RowPages<DepthTransData> pages;
 
 private:
     void placeDeals(const DealRow* begin, const DealRow* end);
-    bool replaceDeals(const std::shared_ptr<DealLog>& next, int from, Work& work);
+    bool replaceDeals(const std::shared_ptr<DealLog>& next, bool anew, int from, Work& work);
 };
 
 } // namespace Kel

@@ -115,6 +115,51 @@ bool CModelDepthEntrust::getTransactionData(int number, std::list<Record>& recor
     return !records.empty();
 }
 
+bool CModelDepthEntrust::nextOrders(RowWalk& walk, int most, std::vector<DepthOrderData>& rows) const
+{
+    rows.clear();
+    const Lock lock(m_rows->mutex);
+    const OrderLog& orders = *m_rows->orders;
+    const FilteredIndexes& view = m_rows->views->orders();
+    const auto keyOf = [&](int row) {
+        const OrderLogRow& order = orders[view.at(row)];
+        return std::make_pair(int(order.time), int(order.number));
+    };
+    if (!walk.resume(m_rows->orderMarks, view.size(), keyOf))
+        return false;
+    while (static_cast<int>(rows.size()) < most && walk.next() < view.size()) {
+        rows.emplace_back();
+        orders.fill(view.at(walk.next()), rows.back());
+        walk.pass(keyOf(walk.next()));
+    }
+    return true;
+}
+
+bool CModelDepthEntrust::nextCancels(RowWalk& walk, int most, std::vector<CancelWithOrder>& rows) const
+{
+    rows.clear();
+    const Lock lock(m_rows->mutex);
+    const CancelLog& cancels = *m_rows->cancels;
+    const FilteredIndexes& view = m_rows->views->cancels();
+    const auto keyOf = [&](int row) {
+        const CancelLogRow& cancel = cancels[view.at(row)];
+        return std::make_pair(int(cancel.time), int(cancel.dealNo));
+    };
+    if (!walk.resume(m_rows->cancelMarks, view.size(), keyOf))
+        return false;
+    while (static_cast<int>(rows.size()) < most && walk.next() < view.size()) {
+        rows.emplace_back();
+        CancelWithOrder& row = rows.back();
+        cancels.fill(view.at(walk.next()), row.cancel);
+        const int place = m_rows->orders->find(row.cancel.orderNo);
+        row.isKnown = place >= 0;
+        if (row.isKnown)
+            m_rows->orders->fill(place, row.order);
+        walk.pass(keyOf(walk.next()));
+    }
+    return true;
+}
+
 int CModelDepthEntrust::tracebackOrderSeq(int row) const
 {
     const Lock lock(m_rows->mutex);
