@@ -96,7 +96,7 @@ void addLook(CLI::App& app, Texts& texts)
         ->check(CLI::IsMember(layoutIds()));
     app.add_option("--size", texts.size, "Of the window, pixels at 100 % (1600x960)")->type_name("WxH");
     app.add_option("--external-data", texts.externalData,
-                   "Folder of local information: localinformation/KIND/CODE.txt")
+                   "Folder of local information: localinformation/MARKET/CODE/NAME.csv")
         ->check(CLI::ExistingDirectory)
         ->type_name("DIR");
 }

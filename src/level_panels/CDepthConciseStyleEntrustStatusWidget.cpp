@@ -47,11 +47,11 @@ CDepthConciseStyleEntrustStatusWidget::CDepthConciseStyleEntrustStatusWidget(QWi
       m_labels5(labelsOf(allLabels(), kFiveLevels)),
       m_labels10(labelsOf(allLabels(), kTenLevels))
 {
-    m_colors.normal = themeColor(kText);
-    m_colors.rise = themeColor(kRise);
-    m_colors.fall = themeColor(kFall);
-    m_colors.amount = themeColor(kAmount);
-    m_colors.newAmount = themeColor(kAmount);
+    m_colors.normal = levelColor(kText);
+    m_colors.rise = levelColor(kRise);
+    m_colors.fall = levelColor(kFall);
+    m_colors.amount = levelColor(kAmount);
+    m_colors.newAmount = levelColor(kAmount);
     setMinimumHeight(kMinimumHeight);
 }
 

@@ -54,11 +54,11 @@ CDepthEntrustStatusWidget::CDepthEntrustStatusWidget(QWidget* parent, bool tenLe
       m_labels5(labelsOf(allLabels(), kFiveLevels)),
       m_labels10(labelsOf(allLabels(), kTenLevels))
 {
-    m_colors.normal = themeColor(kText);
-    m_colors.rise = themeColor(kRise);
-    m_colors.fall = themeColor(kFall);
-    m_colors.amount = themeColor(kAmount);
-    m_colors.newAmount = themeColor(kNewAmount);
+    m_colors.normal = levelColor(kText);
+    m_colors.rise = levelColor(kRise);
+    m_colors.fall = levelColor(kFall);
+    m_colors.amount = levelColor(kAmount);
+    m_colors.newAmount = levelColor(kNewAmount);
     setMinimumHeight(kMinimumHeight);
 }
 
@@ -177,19 +177,19 @@ void CDepthEntrustStatusWidget::drawBackground()
 
 void CDepthEntrustStatusWidget::drawBackground(QPainter& painter)
 {
-    painter.fillRect(m_panelRect, *themeColor(kGround));
+    painter.fillRect(m_panelRect, *levelColor(kGround));
     const int midY = m_rowHeight * m_shelves + m_topY;
-    painter.setPen(*themeColor(kLine));
+    painter.setPen(*levelColor(kLine));
     for (const int y : {midY, midY + m_rowHeight})
         painter.drawLine(m_panelRect.left(), y, m_panelRect.right(), y);
     painter.setClipRect(m_panelRect.adjusted(kClipInset, kClipInset, -kClipInset, -kClipInset));
 
-    painter.setPen(*themeColor(kLatestText));
+    painter.setPen(*levelColor(kLatestText));
     painter.setFont(*m_fonts.text);
     drawLeft(painter, QRect(kLabelX, midY, m_labelWidth, m_rowHeight), QStringLiteral("最新"));
     drawLeft(painter, columns().newVolumeLabelCell(midY, m_rowHeight), QStringLiteral("现手"));
 
-    painter.setPen(*themeColor(kText));
+    painter.setPen(*levelColor(kText));
     for (const LevelRow& row : rows()) {
         if (row.y + m_rowHeight >= 0)
             drawLeft(painter, QRect(kLabelX, row.y, m_labelWidth, m_rowHeight),

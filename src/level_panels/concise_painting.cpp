@@ -111,10 +111,10 @@ void CDepthConciseStyleEntrustStatusWidget::drawBackground()
 void CDepthConciseStyleEntrustStatusWidget::drawBackground(QPainter& painter)
 {
     const int width = m_panelRect.width();
-    painter.fillRect(m_panelRect, *themeColor(kGround));
+    painter.fillRect(m_panelRect, *levelColor(kGround));
     painter.setPen(*m_colors.normal);
     painter.setFont(*m_fonts.text);
-    painter.fillRect(0, m_topY, width, m_rowHeight, *themeColor(kHead));
+    painter.fillRect(0, m_topY, width, m_rowHeight, *levelColor(kHead));
     drawLeft(painter, QRect(kLabelX, m_topY, m_labelWidth, m_rowHeight), QStringLiteral("委比"));
     drawLeft(painter, QRect(width / 2 + kHeadGap, m_topY, m_labelWidth, m_rowHeight), QStringLiteral("委差"));
 
@@ -136,9 +136,9 @@ void CDepthConciseStyleEntrustStatusWidget::drawBackground(QPainter& painter)
 void CDepthConciseStyleEntrustStatusWidget::drawMiddleRow(QPainter& painter, int y)
 {
     const int right = m_panelRect.right();
-    painter.setPen(*themeColor(kLine));
+    painter.setPen(*levelColor(kLine));
     painter.drawLine(0, y, right, y);
-    painter.fillRect(0, y + 1, m_panelRect.width(), m_rowHeight, *themeColor(kMiddleRow));
+    painter.fillRect(0, y + 1, m_panelRect.width(), m_rowHeight, *levelColor(kMiddleRow));
     painter.drawLine(0, y + 1 + m_rowHeight, right, y + 1 + m_rowHeight);
     painter.setPen(*m_colors.normal);
 }
@@ -146,7 +146,7 @@ void CDepthConciseStyleEntrustStatusWidget::drawMiddleRow(QPainter& painter, int
 void CDepthConciseStyleEntrustStatusWidget::drawStripe(QPainter& painter, const LevelRow& row)
 {
     if (const char* const key = stripeKey(row.index, m_shelves))
-        painter.fillRect(0, row.y, m_panelRect.width(), m_rowHeight, *themeColor(key));
+        painter.fillRect(0, row.y, m_panelRect.width(), m_rowHeight, *levelColor(key));
 }
 
 // What quotes and the mouse change
@@ -179,8 +179,8 @@ void CDepthConciseStyleEntrustStatusWidget::drawHead(QPainter& painter, const Si
     const int width = m_panelRect.width();
     const int split = sums.split(width);
     const int barY = m_rowHeight + m_topY;
-    painter.fillRect(0, barY, split, kBarHeight, *themeColor(kBuyPart));
-    painter.fillRect(split, barY, width - split, kBarHeight, *themeColor(kSellPart));
+    painter.fillRect(0, barY, split, kBarHeight, *levelColor(kBuyPart));
+    painter.fillRect(split, barY, width - split, kBarHeight, *levelColor(kSellPart));
 
     const QString ratio = sums.ratioText();
     const bool falls = ratio.contains(QLatin1Char('-'));
@@ -196,10 +196,10 @@ void CDepthConciseStyleEntrustStatusWidget::drawTip(QPainter* painter, qint64 bi
 {
     const SideSums sums{bidSum, askSum};
     const int center = m_rowHeight + m_rowHeight / 2;
-    painter->fillRect(0, m_rowHeight, kTipWidth, kTipHeight, *themeColor(kTipGround));
+    painter->fillRect(0, m_rowHeight, kTipWidth, kTipHeight, *levelColor(kTipGround));
     const auto drawSide = [&](int x, const char* key, const QString& name, const QString& share) {
-        painter->fillRect(x, center - kTipSquareUp, kTipSquare, kTipSquare, *themeColor(key));
-        painter->setPen(*themeColor(kTipText));
+        painter->fillRect(x, center - kTipSquareUp, kTipSquare, kTipSquare, *levelColor(key));
+        painter->setPen(*levelColor(kTipText));
         const int y = center - kTipTextUp;
         drawLeft(*painter, QRect(x + kTipNameX, y, m_volumeWidth, m_rowHeight), name);
         drawLeft(*painter, QRect(x + kTipShareX, y, m_volumeWidth, m_rowHeight), share);

@@ -25,7 +25,7 @@ const Zeb::CUiResource& resource()
 
 } // namespace
 
-const QColor* themeColor(const char* key)
+const QColor* levelColor(const char* key)
 {
     return resource().getColor(QLatin1String(key));
 }

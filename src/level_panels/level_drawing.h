@@ -18,7 +18,7 @@ class QWidget;
 namespace Kel {
 
 /// The colour of a key; the address stays valid and follows the theme.
-const QColor* themeColor(const char* key);
+const QColor* levelColor(const char* key);
 
 /// Colours of the numbers of levels.
 struct LevelColors
