@@ -1,6 +1,5 @@
 #include "host/window/panes/DealsPane.h"
 
-#include "host/window/panes/tick_tables.h"
 #include "records/EQueueMode.h"
 #include "tick/CDepthTransactionWidget.h"
 
@@ -58,7 +57,7 @@ QString DealsPane::selectedText() const
 
 std::vector<PaneTable> DealsPane::tables() const
 {
-    return {tickPaneTable(title(), QStringLiteral("deals"), Kel::dealTable(m_panel->model()))};
+    return {PaneTable{title(), QStringLiteral("deals"), Kel::dealTable(m_panel->model())}};
 }
 
 bool DealsPane::handleEvent(int id, int first, int second, QString text, void* pointer)

@@ -1,6 +1,5 @@
 #include "host/window/panes/EntrustPane.h"
 
-#include "host/window/panes/tick_tables.h"
 #include "tick/CDepthCancelWidget.h"
 #include "tick/CDepthEntrustWidget.h"
 #include "tick/CDepthOrderWidget.h"
@@ -53,10 +52,9 @@ QString EntrustPane::selectedText() const
 
 std::vector<PaneTable> EntrustPane::tables() const
 {
-    return {tickPaneTable(QStringLiteral("逐笔委托"), QStringLiteral("orders"),
-                          Kel::orderTable(m_panel->model())),
-            tickPaneTable(QStringLiteral("逐笔撤单"), QStringLiteral("cancels"),
-                          Kel::cancelTable(m_panel->model()))};
+    return {
+        PaneTable{QStringLiteral("逐笔委托"), QStringLiteral("orders"), Kel::orderTable(m_panel->model())},
+        PaneTable{QStringLiteral("逐笔撤单"), QStringLiteral("cancels"), Kel::cancelTable(m_panel->model())}};
 }
 
 } // namespace host

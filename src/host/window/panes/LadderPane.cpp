@@ -105,6 +105,8 @@ void LadderPane::answerSelection(int first, int top)
         hideOrders();
         return;
     }
+    if (m_shown == m_ready) // the selection's tick and unit are those of a ladder rebuilt from orders
+        tick = m_ready->getPriceTick();
     if (top >= 0)
         m_top = top;
     // The panel is shown first, so that it takes its new height at once.

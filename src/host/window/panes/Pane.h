@@ -3,6 +3,7 @@
 #include "host/window/DayStore.h"
 #include "host/window/FeedHub.h"
 #include "platform/toolkit/CBaseWidget.h"
+#include "tick/tick_table.h"
 
 #include <boost/function.hpp>
 
@@ -13,20 +14,14 @@
 #include <utility>
 #include <vector>
 
-class QIODevice;
-
 namespace host {
 
-/// A table that a pane writes to a file.
+/// A list of a pane that can be written to a file.
 struct PaneTable
 {
     QString name; ///< as in a menu
     QString file; ///< part of a file's name, without an ending
-
-    /// Writes comma-separated values to an open device, in UTF-8 with a byte order mark or in GBK. `progress`
-    /// is called with the rows done and all rows, and stops the writing by answering false. False if it was
-    /// stopped or the device did not take all. Any thread.
-    std::function<bool(QIODevice&, bool gbk, const std::function<bool(int, int)>& progress)> write;
+    Kel::TickTable table;
 };
 
 /// The place of one panel in the terminal: it owns the panel, shows an instrument in it, names what the panel

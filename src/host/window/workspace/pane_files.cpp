@@ -36,15 +36,20 @@ FileResult writeTable(const PaneTable& table, const QString& file, bool gbk, QWi
     QProgressDialog progress(QStringLiteral("正在导出") + table.name, QStringLiteral("取消"), 0, 1, window);
     progress.setWindowModality(Qt::WindowModal);
     progress.setMinimumDuration(kPatienceMs);
-    const bool complete = table.write(target, gbk, [&progress](int rows, int all) {
-        progress.setMaximum(all);
-        progress.setValue(rows);
-        return !progress.wasCanceled();
-    });
-    if (!complete) {
+    const auto encoding = gbk ? Kel::ETableEncoding::eGbk : Kel::ETableEncoding::eUtf8WithMark;
+    const Kel::ETableResult result =
+        Kel::writeCsv(table.table, target, encoding, [&progress](int rows, int all) {
+            progress.setMaximum(all);
+            progress.setValue(rows);
+            return !progress.wasCanceled();
+        });
+    if (result != Kel::ETableResult::eWritten) {
         const QString reason = target.errorString();
         target.cancelWriting();
-        return progress.wasCanceled() ? FileResult() : failed(file, reason);
+        if (result == Kel::ETableResult::eStopped)
+            return {};
+        return failed(file, result == Kel::ETableResult::eListChanged ? QStringLiteral("导出时列表已更换")
+                                                                      : reason);
     }
     return finish(target);
 }
