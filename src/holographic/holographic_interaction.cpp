@@ -340,11 +340,11 @@ void CDepthHolographicWidget::wheelEvent(QWheelEvent* event)
     }
     const bool atEnd = m_scrollBar->value() == m_scrollBar->maximum() && delta < 0;
     const bool atStart = m_scrollBar->value() == m_scrollBar->minimum() && delta >= 1;
-    if (atEnd || atStart)
-        event->accept();
     m_forwardingWheel = true;
     QCoreApplication::sendEvent(m_scrollBar, event);
     m_forwardingWheel = false;
+    if (atEnd || atStart)
+        event->accept(); // what the bar leaves is not for the host to scroll by
 }
 
 } // namespace Kel
