@@ -196,6 +196,7 @@ void CDepthHolographicWidget::mousePressEvent(QMouseEvent* event)
     m_detailTimer->stop();
     m_detailSeq = -1;
     if (event->button() == Qt::LeftButton) {
+        event->accept(); // whatever lies below the chart has no use for it
         if (m_columnMode) {
             m_dragLastX = event->x();
             m_dragging = true;
@@ -313,6 +314,8 @@ void CDepthHolographicWidget::mouseDoubleClickEvent(QMouseEvent* event)
 
 void CDepthHolographicWidget::leaveEvent(QEvent*)
 {
+    if (m_dragging)
+        setCursor(Qt::ArrowCursor);
     m_dragging = false;
     m_selecting = false;
     m_detailTimer->stop();

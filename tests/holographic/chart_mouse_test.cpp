@@ -364,6 +364,15 @@ TEST_F(ChartMouse, LeavingEndsEverything)
     EXPECT_FALSE(chart.m_dragging);
 }
 
+TEST_F(ChartMouse, LeavingWhileDraggingGivesTheArrowBack)
+{
+    chart.press(QPoint(100, 100));
+    chart.move(QPoint(400, 100));
+    QEvent leave(QEvent::Leave);
+    QApplication::sendEvent(&chart, &leave);
+    EXPECT_EQ(chart.cursor().shape(), Qt::ArrowCursor);
+}
+
 TEST_F(ChartMouse, TheBoxIsSeenOverThePicture)
 {
     chart.dealMode();

@@ -243,6 +243,7 @@ TEST(PriceLadder, EveryOtherUsualRowIsLabelled)
         const int y = 12 + row * 25;
         EXPECT_EQ(grid[place].line, QLineF(0, y, 600, y));
         EXPECT_EQ(grid[place].pen.dashPattern(), (QVector<qreal>{1, 3}));
+        EXPECT_EQ(grid[place].pen.widthF(), 0);
         EXPECT_EQ(grid[place].color(), colorOf(kAxis));
         EXPECT_EQ(prices[place].text, Zeb::formatDoubleNumber(10.12 - row * 0.01, 2, 0, false, QString()));
         EXPECT_EQ(prices[place].color(), colorOf(kAxisText));

@@ -214,6 +214,7 @@ TEST(LadderRows, FitMakesNoRowLowerThanThreePixels)
     EXPECT_EQ(rows.rowHeight, 3);
     EXPECT_EQ(rows.halfRow, 1);
     EXPECT_EQ(rows.pageRows, 108);
+    EXPECT_EQ(rows.pageStep, 13) << "a page of usual rows";
 }
 
 TEST(LadderRows, FitGivesAShortLadderItsUsualRows)
