@@ -8,7 +8,7 @@ cd "$(dirname "$0")/.."
 scripts/install-dependencies.sh --with-tests
 cmake --preset release -DDEPTH_BUILD_BENCHMARKS=ON >/dev/null
 programs=("$@")
-((${#programs[@]} > 0)) || programs=(bench_engine bench_simulation bench_csv bench_queue_view bench_tick bench_ladder bench_level)
+((${#programs[@]} > 0)) || programs=(bench_engine bench_simulation bench_csv bench_queue_view bench_tick bench_holographic bench_ladder bench_level)
 cmake --build --preset release --target "${programs[@]}"
 mkdir -p bench/results
 for program in "${programs[@]}"; do

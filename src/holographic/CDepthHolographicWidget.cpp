@@ -251,7 +251,7 @@ void CDepthHolographicWidget::calcSizeInfo(bool fit)
     m_totalRows = rows.totalRows;
     m_topPadRows = rows.topPadRows;
     m_scrollRow = rows.scrollRow;
-    m_scrollBar->setPageStep(m_pageRows);
+    m_scrollBar->setPageStep(rows.pageStep);
     updateScroll();
 }
 

@@ -165,6 +165,9 @@ protected:
     void drawCursor(QPainter& painter);
     void drawDealDetail(QPainter& painter);
 
+    /// The box for texts of a width and a height of its lines, pixels.
+    QRect detailRect(int textWidth, int lineHeight) const;
+
     /// The deals in view with their places, read once for a picture.
     void readDeals();
     void dropDeals();
@@ -248,7 +251,6 @@ private:
     void drawOrderVolume(DealCanvas& canvas, QRect rect, const HolographicDeal& deal, bool buy);
     void drawMark(DealCanvas& canvas, const QRect& rect, bool buy, EDealInk ink);
     int runLeft(int left, int seq, bool buy) const;
-    QRect detailRect(int textWidth, int lineHeight) const;
 
     ChartGeometry m_geometry;             ///< of the picture that is being drawn
     std::vector<HolographicDeal> m_deals; ///< in view, while a picture is drawn

@@ -76,6 +76,7 @@ LadderRows layOutRows(LadderRows rows, bool fit, int usualHalfRow, int chartHeig
     }
     const int height = std::max(chartHeight, 0);
     rows.pageRows = height / rows.rowHeight;
+    rows.pageStep = rows.pageRows;
     // The half is one of the tick, not of a row: it only takes up what the division lost.
     rows.totalRows = truncateToInt((maxPrice - minPrice) / priceTick + priceTick * 0.5 + 1.0);
     if (rows.totalRows <= rows.pageRows) {

@@ -62,6 +62,7 @@ struct LadderRows
     int rowHeight = 0;
     int halfRow = 0;
     int pageRows = 0;   ///< whole rows that fit
+    int pageStep = 0;   ///< rows that the scroll bar pages by: those that fit before rows are made lower
     int totalRows = 0;  ///< rows from the highest price to the lowest
     int topPadRows = 0; ///< empty rows that centre a short ladder
     int scrollRow = 0;

@@ -117,6 +117,8 @@ void ColumnDealCanvas::fill(const QRect& rect, EDealInk ink)
 
 void ColumnDealCanvas::outline(const QRect& rect, EDealInk ink)
 {
+    if (rect.size() == QSize(0, 0))
+        return; // painters draw nothing of an outline around a single pixel
     const QPoint right(rect.left() + rect.width(), rect.top());
     const QPoint bottom(rect.left(), rect.top() + rect.height());
     const QPoint corner(right.x(), bottom.y());

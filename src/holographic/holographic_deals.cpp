@@ -179,7 +179,7 @@ void CDepthHolographicWidget::drawDeal(QPainter& painter)
     if (!m_geometry.holdsDeals())
         return;
     painter.setFont(barFont());
-    const QFontMetrics metrics(barFont(), painter.device());
+    const QFontMetrics metrics(barFont(), this);
     m_leastTextWidth = metrics.horizontalAdvance(QLatin1Char('0'));
     for (char digit = '1'; digit <= '9'; ++digit)
         m_leastTextWidth = std::min(m_leastTextWidth, metrics.horizontalAdvance(QLatin1Char(digit)));

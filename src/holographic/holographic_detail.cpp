@@ -72,7 +72,6 @@ OrderLines orderLines(const boost::shared_ptr<quoter::OrderData>& order, bool bu
 
 } // namespace
 
-/// The box for texts of a width and a height of its lines.
 QRect CDepthHolographicWidget::detailRect(int textWidth, int lineHeight) const
 {
     const int boxHeight = kLines * lineHeight + kTitleHeight;

@@ -196,6 +196,7 @@ void CDepthHolographicWidget::mousePressEvent(QMouseEvent* event)
     m_detailTimer->stop();
     m_detailSeq = -1;
     if (event->button() == Qt::LeftButton) {
+        event->accept(); // whatever lies below the chart has no use for it
         if (m_columnMode) {
             m_dragLastX = event->x();
             m_dragging = true;
@@ -313,6 +314,8 @@ void CDepthHolographicWidget::mouseDoubleClickEvent(QMouseEvent* event)
 
 void CDepthHolographicWidget::leaveEvent(QEvent*)
 {
+    if (m_dragging)
+        setCursor(Qt::ArrowCursor);
     m_dragging = false;
     m_selecting = false;
     m_detailTimer->stop();
@@ -340,11 +343,11 @@ void CDepthHolographicWidget::wheelEvent(QWheelEvent* event)
     }
     const bool atEnd = m_scrollBar->value() == m_scrollBar->maximum() && delta < 0;
     const bool atStart = m_scrollBar->value() == m_scrollBar->minimum() && delta >= 1;
-    if (atEnd || atStart)
-        event->accept();
     m_forwardingWheel = true;
     QCoreApplication::sendEvent(m_scrollBar, event);
     m_forwardingWheel = false;
+    if (atEnd || atStart)
+        event->accept(); // what the bar leaves is not for the host to scroll by
 }
 
 } // namespace Kel

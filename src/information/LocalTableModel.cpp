@@ -54,7 +54,7 @@ QVariant LocalTableModel::headerData(int section, Qt::Orientation orientation, i
         return QVariant();
     if (orientation == Qt::Vertical)
         return section + 1;
-    return m_table ? m_table->headers.value(section).left(kMostText) : QString();
+    return m_table ? m_table->headers.value(section).left(kMostTitle) : QString();
 }
 
 } // namespace Kel

@@ -18,6 +18,7 @@ public:
     static constexpr int kMostColumns = 1000;
     static constexpr int kMostRows = 200000;
     static constexpr int kMostText = 1000;
+    static constexpr int kMostTitle = 100; // the header measures hundreds of titles
 
     explicit LocalTableModel(QObject* parent = nullptr);
 

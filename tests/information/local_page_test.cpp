@@ -164,7 +164,7 @@ TEST_F(LocalPage, LongTextsAreCut)
 {
     write("SH", "600000", "a.csv", QByteArray(5000, 't') + ",b\n" + QByteArray(5000, 'x') + ",short\n");
     ASSERT_TRUE(read("SH600000", 1));
-    EXPECT_EQ(texts()[0], QString(LocalTableModel::kMostText, 't'));
+    EXPECT_EQ(texts()[0], QString(LocalTableModel::kMostTitle, 't'));
     EXPECT_EQ(texts(0), (QStringList{QString(LocalTableModel::kMostText, 'x'), "short"}));
 }
 

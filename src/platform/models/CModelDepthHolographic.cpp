@@ -8,6 +8,8 @@
 
 #include <algorithm>
 #include <limits>
+#include <tuple>
+#include <vector>
 
 namespace Kel {
 
@@ -64,6 +66,14 @@ void CModelDepthHolographic::quoterCallback(int, int status,
 {
     if (!isOwn(data) || !isBatchStatus(status))
         return;
+    std::vector<std::int32_t> seconds;
+    for (const quoter::QuoterBasePtr& record : data->data) {
+        const auto* const quote = quoter::recordCast<quoter::QuoterDepthData>(record.get());
+        std::int32_t second = 0;
+        std::uint16_t rest = 0;
+        if (quote != nullptr && timeTag(quote->m_time, second, rest))
+            seconds.push_back(second);
+    }
     bool changed = false;
     {
         const std::lock_guard<std::mutex> lock(m_quoteMutex);
@@ -71,13 +81,8 @@ void CModelDepthHolographic::quoterCallback(int, int status,
             m_quotes.clear();
             changed = true;
         }
-        for (const quoter::QuoterBasePtr& record : data->data) {
-            const auto* const quote = quoter::recordCast<quoter::QuoterDepthData>(record.get());
-            std::int32_t second = 0;
-            std::uint16_t rest = 0;
-            if (quote != nullptr && timeTag(quote->m_time, second, rest) && m_quotes.add(second))
-                changed = true;
-        }
+        if (m_quotes.add(seconds))
+            changed = true;
     }
     if (!changed)
         return;

@@ -5,17 +5,17 @@
 
 namespace Kel {
 
-bool QuoteSeconds::add(std::int32_t second)
+bool QuoteSeconds::add(std::vector<std::int32_t>& seconds)
 {
-    if (m_seconds.empty() || second > m_seconds.back()) {
-        m_seconds.push_back(second);
-        return true;
-    }
-    const auto place = std::lower_bound(m_seconds.begin(), m_seconds.end(), second);
-    if (*place == second)
-        return false;
-    m_seconds.insert(place, second);
-    return true;
+    std::sort(seconds.begin(), seconds.end());
+    const std::size_t before = m_seconds.size();
+    const bool isLate = before > 0 && !seconds.empty() && seconds.front() <= m_seconds.back();
+    m_seconds.insert(m_seconds.end(), seconds.begin(), seconds.end());
+    if (isLate)
+        std::inplace_merge(m_seconds.begin(), m_seconds.begin() + static_cast<std::ptrdiff_t>(before),
+                           m_seconds.end());
+    m_seconds.erase(std::unique(m_seconds.begin(), m_seconds.end()), m_seconds.end());
+    return m_seconds.size() > before;
 }
 
 QuoteSeconds::Interval QuoteSeconds::around(std::int32_t second) const

@@ -10,8 +10,8 @@ namespace Kel {
 class QuoteSeconds
 {
 public:
-    /// Enters a second, wherever it belongs. False if it was known.
-    bool add(std::int32_t second);
+    /// Enters seconds, in any order, each wherever it belongs; `seconds` is used up. False if all were known.
+    bool add(std::vector<std::int32_t>& seconds);
 
     void clear() { m_seconds.clear(); }
     bool isEmpty() const { return m_seconds.empty(); }

@@ -112,11 +112,12 @@ TEST(QuoteSeconds, AreKeptOnceAndInOrder)
 {
     QuoteSeconds seconds;
     EXPECT_TRUE(seconds.isEmpty());
-    EXPECT_TRUE(seconds.add(30));
-    EXPECT_TRUE(seconds.add(33));
-    EXPECT_FALSE(seconds.add(33));
-    EXPECT_TRUE(seconds.add(27)) << "a late one";
-    EXPECT_FALSE(seconds.add(27));
+    const auto add = [&seconds](std::vector<std::int32_t> some) { return seconds.add(some); };
+    EXPECT_TRUE(add({33, 30, 33}));
+    EXPECT_FALSE(add({33}));
+    EXPECT_TRUE(add({33, 27})) << "a late one";
+    EXPECT_FALSE(add({27}));
+    EXPECT_FALSE(add({}));
     EXPECT_EQ(seconds.around(31).begin, 30);
     EXPECT_EQ(seconds.around(31).end, 33);
     EXPECT_EQ(seconds.around(30).begin, 27) << "the closing second belongs to the interval";
