@@ -2,6 +2,7 @@
 
 #include "frame/EModuleTroupTabID.h"
 #include "platform/toolkit/CBaseWidget.h"
+#include "records/DepthExport.h"
 
 #include <QString>
 
@@ -9,7 +10,7 @@ namespace Kel {
 
 /// The abstract face of a module: a host drives a group of panels of one instrument by it, whatever the
 /// group holds. Nothing here does anything; a derived module overrides what concerns it. GUI thread.
-class CBaseModuleGroupWidget : public Zeb::CBaseWidget
+class DEPTH_EXPORT CBaseModuleGroupWidget : public Zeb::CBaseWidget
 {
     Q_OBJECT
 

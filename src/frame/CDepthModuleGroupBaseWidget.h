@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/toolkit/CBaseWidget.h"
+#include "records/DepthExport.h"
 
 #include <QPointer>
 #include <QString>
@@ -19,7 +20,7 @@ namespace Kel {
 /// The frame of one panel: a header strip with a title and cycle buttons, and below it a body, which may be
 /// any widget. A button shows the mode that is in force and asks for the next one by event 1396; the frame
 /// changes no mode by itself, `setQueueModel` does. GUI thread.
-class CDepthModuleGroupBaseWidget : public Zeb::CBaseWidget
+class DEPTH_EXPORT CDepthModuleGroupBaseWidget : public Zeb::CBaseWidget
 {
     Q_OBJECT
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/toolkit/CBaseWidget.h"
+#include "records/DepthExport.h"
 
 #include <QPointer>
 #include <QString>
@@ -20,7 +21,7 @@ class CDepthModuleGroupBaseWidget;
 ///
 /// Make the panel with the header as its parent, so that its title finds the strip, hand it to `setWidget`
 /// before the header gets its first size, and connect the panel's `handleEvent` to `m_sigEvent`. GUI thread.
-class CDepthModuleHeaderWidget : public Zeb::CBaseWidget
+class DEPTH_EXPORT CDepthModuleHeaderWidget : public Zeb::CBaseWidget
 {
     Q_OBJECT
 

@@ -6,6 +6,7 @@
 #include "platform/toolkit/CBaseWidget.h"
 #include "platform/utils/AtomicSharedPtr.h"
 #include "records/CInstrumentDetail.h"
+#include "records/DepthExport.h"
 #include "records/MetaCacheDataWrapper.h"
 
 #include <QColor>
@@ -45,7 +46,7 @@ class CIndexScrollBar;
 ///
 /// Threads: the three callbacks on any thread while the chart lives, everything else on the GUI thread.
 /// Nothing is thrown.
-class CDepthHolographicWidget : public Zeb::CBaseWidget
+class DEPTH_EXPORT CDepthHolographicWidget : public Zeb::CBaseWidget
 {
     Q_OBJECT
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/toolkit/CCommonDialog.h"
+#include "records/DepthExport.h"
 
 #include <QString>
 
@@ -8,7 +9,7 @@ namespace Kel {
 
 /// Dialog for one item of information. Used as `utils::CSingletonT<Kel::CInfoItemDialog>::instance()`. GUI
 /// thread.
-class CInfoItemDialog : public Zeb::CCommonDialog
+class DEPTH_EXPORT CInfoItemDialog : public Zeb::CCommonDialog
 {
     Q_OBJECT
 

@@ -3,6 +3,7 @@
 #include "information/LocalInformation.h"
 #include "platform/toolkit/CBaseWidget.h"
 #include "records/CInstrumentDetail.h"
+#include "records/DepthExport.h"
 #include "records/Notice.h"
 
 #include <QList>
@@ -51,7 +52,7 @@ class LocalTableModel;
 ///
 /// Threads: `onInfoNotice` may be called on any thread while the panel lives; everything else belongs to the
 /// GUI thread. Readers outlive the panel if they must and deliver nothing then.
-class CInformationWidget : public Zeb::CBaseWidget
+class DEPTH_EXPORT CInformationWidget : public Zeb::CBaseWidget
 {
     Q_OBJECT
 

@@ -6,6 +6,7 @@
 #include "platform/models/CModelEntrustStatus.h"
 #include "platform/toolkit/CBaseWidget.h"
 #include "records/CFormulaParam.h"
+#include "records/DepthExport.h"
 #include "records/QuoterBase.h"
 
 #include <boost/function.hpp>
@@ -39,7 +40,7 @@ namespace Kel {
 ///
 /// Threads: `quoterCallBack` and `connectTickData` may be called on any thread while the panel lives;
 /// everything else belongs to the GUI thread.
-class CDepthConciseStyleEntrustStatusWidget : public Zeb::CBaseWidget
+class DEPTH_EXPORT CDepthConciseStyleEntrustStatusWidget : public Zeb::CBaseWidget
 {
     Q_OBJECT
 

@@ -5,6 +5,7 @@
 #include "platform/models/CModelEntrustStatus.h"
 #include "platform/toolkit/CBaseWidget.h"
 #include "records/CFormulaParam.h"
+#include "records/DepthExport.h"
 #include "records/QuoterBase.h"
 
 #include <boost/function.hpp>
@@ -41,7 +42,7 @@ namespace Kel {
 ///
 /// Threads: `quoterCallBack` and `connectTickData` may be called on any thread while the panel lives;
 /// everything else belongs to the GUI thread.
-class CDepthEntrustStatusWidget : public Zeb::CBaseWidget
+class DEPTH_EXPORT CDepthEntrustStatusWidget : public Zeb::CBaseWidget
 {
     Q_OBJECT
 

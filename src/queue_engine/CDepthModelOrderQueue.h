@@ -7,6 +7,7 @@
 #include "queue_engine/OrderIndex.h"
 #include "queue_engine/OrderMaps.h"
 #include "records/CInstrumentDetail.h"
+#include "records/DepthExport.h"
 #include "records/LevelOrderData.h"
 #include "records/MetaCacheDataWrapper.h"
 #include "records/OrderData.h"
@@ -51,7 +52,7 @@ constexpr int DEAL_KIND_CANCEL = 3;
 ///
 /// Nothing is thrown to a caller. A null record, a record of another type and a batch of another instrument
 /// are skipped in silence.
-class CDepthModelOrderQueue : public QObject
+class DEPTH_EXPORT CDepthModelOrderQueue : public QObject
 {
     Q_OBJECT
 

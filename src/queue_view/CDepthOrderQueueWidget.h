@@ -7,6 +7,7 @@
 #include "queue_view/OrderQueueTheme.h"
 #include "queue_view/order_queue_geometry.h"
 #include "records/CInstrumentDetail.h"
+#include "records/DepthExport.h"
 #include "records/EQueueMode.h"
 #include "records/MetaCacheDataWrapper.h"
 #include "records/OrderQueueData.h"
@@ -43,7 +44,7 @@ namespace Kel {
 /// Threads: `quoterCallBack`, `onEntrustCallback` and `onTransactionCallback` may be called on any thread
 /// while the panel lives; everything else belongs to the GUI thread. Nothing is thrown; a callback of another
 /// instrument is dropped in silence.
-class CDepthOrderQueueWidget : public Zeb::CBaseWidget
+class DEPTH_EXPORT CDepthOrderQueueWidget : public Zeb::CBaseWidget
 {
     Q_OBJECT
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "records/DepthExport.h"
+
 namespace bson {
 class BSONObj;
 class BSONObjBuilder;
@@ -9,7 +11,7 @@ namespace quoter {
 
 /// Base of the records that describe a subscription: they write themselves into a BSON document and read
 /// themselves back from one.
-class BsonInterface
+class DEPTH_EXPORT BsonInterface
 {
 public:
     virtual ~BsonInterface() = default;

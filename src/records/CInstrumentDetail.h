@@ -1,5 +1,7 @@
 #pragma once
 
+#include "records/DepthExport.h"
+
 #include <boost/shared_ptr.hpp>
 
 #include <string>
@@ -22,7 +24,7 @@ enum class EInstrumentKind
 
 /// The reference record of one instrument. Shared and never changed after it was entered in the stock
 /// manager.
-struct CInstrumentDetail
+struct DEPTH_EXPORT CInstrumentDetail
 {
     std::string market;       ///< market code: "SH", "SZ", "HK", ...
     std::string code;         ///< instrument code within its market, such as "600519"

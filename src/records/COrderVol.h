@@ -1,5 +1,6 @@
 #pragma once
 
+#include "records/DepthExport.h"
 #include "records/EOrderQueueType.h"
 
 #include <QVector>
@@ -9,7 +10,7 @@
 namespace Kel {
 
 /// One order in a level.
-struct COrderVol
+struct DEPTH_EXPORT COrderVol
 {
     std::int64_t m_entrustNo = 0;         ///< order number; 0 for an order known only from a published queue
     double m_vol = 0;                     ///< lots still in the queue

@@ -1,11 +1,13 @@
 #pragma once
 
+#include "records/DepthExport.h"
+
 #include <cstdint>
 
 namespace Kel {
 
 /// One row of the cancellation list.
-struct DepthCancelData
+struct DEPTH_EXPORT DepthCancelData
 {
     std::int32_t time = 0;    ///< seconds since 1970-01-01 UTC
     double price = 0;         ///< yuan, price of the cancel record, shown when the order is unknown

@@ -1,11 +1,13 @@
 #pragma once
 
+#include "records/DepthExport.h"
+
 #include <cstdint>
 
 namespace Kel {
 
 /// One deal row of the deal list and the chart.
-struct DepthTransData
+struct DEPTH_EXPORT DepthTransData
 {
     std::int32_t time = 0;         ///< deal time tag; key of the chart's time axis
     double price = 0;              ///< yuan

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "records/DepthExport.h"
+
 namespace Kel {
 
 /// The two sides of a level and the states of an order, in one enumeration. The values are fixed: the feed's
@@ -19,7 +21,7 @@ enum EOrderQueueType : int
 
 /// Size class of a live order: lots truncated to int, from 1000 big, from 5000 super. The limits are the same
 /// for all instruments. Lots that do not fit an int are clamped first.
-EOrderQueueType classifyVol(double lots);
+DEPTH_EXPORT EOrderQueueType classifyVol(double lots);
 
 /// True for the three states in which a pass looks an order up again. A part-dealt order is one of them
 /// although it still stands in the queue.

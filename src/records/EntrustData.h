@@ -1,11 +1,13 @@
 #pragma once
 
+#include "records/DepthExport.h"
+
 #include <cstdint>
 
 namespace Kel {
 
 /// One row of the thousand-level ladder.
-struct EntrustData
+struct DEPTH_EXPORT EntrustData
 {
     double price = 0;            ///< yuan
     std::int32_t volume = 0;     ///< lots at the price

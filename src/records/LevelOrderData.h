@@ -1,11 +1,12 @@
 #pragma once
 
+#include "records/DepthExport.h"
 #include "records/QuoterBase.h"
 
 namespace quoter {
 
 /// The published queue at buy one and sell one: the volumes of the first orders (at most 50 are published).
-struct LevelOrderData : QuoterBase
+struct DEPTH_EXPORT LevelOrderData : QuoterBase
 {
     double bidPrice = 0;                  ///< yuan, price of the buy queue; 0 for none
     std::vector<std::int32_t> bidVolumes; ///< lots of the first buy orders, front of the queue first

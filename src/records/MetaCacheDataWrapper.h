@@ -1,5 +1,6 @@
 #pragma once
 
+#include "records/DepthExport.h"
 #include "records/QuoterBase.h"
 
 #include <string>
@@ -7,7 +8,7 @@
 namespace Kel {
 
 /// A tick batch with the instrument that it belongs to. Never changed after it was handed over.
-struct MetaCacheDataWrapper
+struct DEPTH_EXPORT MetaCacheDataWrapper
 {
     quoter::QuoterBatch data; ///< the records, oldest first
     std::string market;       ///< market code, compared with the instrument's

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "records/DepthExport.h"
 #include "records/QuoterBase.h"
 
 #include <QList>
@@ -9,7 +10,7 @@
 namespace quoter {
 
 /// One news item or announcement of an instrument. `m_time` is the time of the notice.
-struct Notice : QuoterBase
+struct DEPTH_EXPORT Notice : QuoterBase
 {
     std::string title; ///< UTF-8, shown in the title column
     std::string link;  ///< UTF-8, kept in a hidden column; never opened by itself

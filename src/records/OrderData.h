@@ -1,5 +1,6 @@
 #pragma once
 
+#include "records/DepthExport.h"
 #include "records/QuoterBase.h"
 
 namespace quoter {
@@ -16,7 +17,7 @@ enum EOrderKind : std::int32_t
 };
 
 /// A tick-by-tick order.
-struct OrderData : QuoterBase
+struct DEPTH_EXPORT OrderData : QuoterBase
 {
     double price = 0;           ///< yuan; 0 for an order with no price
     std::int64_t volume = 0;    ///< shares

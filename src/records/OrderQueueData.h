@@ -1,6 +1,7 @@
 #pragma once
 
 #include "records/COrderVol.h"
+#include "records/DepthExport.h"
 #include "records/LevelRest.h"
 #include "records/OrderNumberSet.h"
 
@@ -21,7 +22,7 @@ namespace Kel {
 ///
 /// Threads: a level that belongs to the engine is guarded by the engine's data mutex; a row (a copy made by
 /// the copy constructor) belongs to whoever holds it. Volumes are lots.
-class OrderQueueData
+class DEPTH_EXPORT OrderQueueData
 {
 public:
     OrderQueueData() = default;
@@ -113,9 +114,9 @@ private:
 using OrderQueueDataPtr = boost::shared_ptr<OrderQueueData>;
 
 /// Order by level: true when `a` is nearer to the best price than `b`. No level comes before any.
-bool orderQueueLesserThan(const OrderQueueDataPtr& a, const OrderQueueDataPtr& b);
+DEPTH_EXPORT bool orderQueueLesserThan(const OrderQueueDataPtr& a, const OrderQueueDataPtr& b);
 
 /// The level as lines of text, for tests and the command line: one head line, then one line an order.
-QString printLevel(const OrderQueueData& level);
+DEPTH_EXPORT QString printLevel(const OrderQueueData& level);
 
 } // namespace Kel

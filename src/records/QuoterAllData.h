@@ -1,11 +1,12 @@
 #pragma once
 
+#include "records/DepthExport.h"
 #include "records/QuoterBase.h"
 
 namespace quoter {
 
 /// The last full quote of an instrument.
-struct QuoterAllData : QuoterBase
+struct DEPTH_EXPORT QuoterAllData : QuoterBase
 {
     /// Status of the quote. 1: the instrument has no order queue today, and the queue engine stands down.
     std::int32_t status = 0;

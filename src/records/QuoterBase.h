@@ -1,5 +1,7 @@
 #pragma once
 
+#include "records/DepthExport.h"
+
 #include <boost/shared_ptr.hpp>
 
 #include <cstdint>
@@ -12,7 +14,7 @@ namespace quoter {
 /// Records are handed over in batches, are shared between all receivers and are never changed after the
 /// hand-over, so any thread may read them without a lock. A receiver casts each element of a batch to the
 /// type that it wants and skips what is null or of another type.
-struct QuoterBase
+struct DEPTH_EXPORT QuoterBase
 {
     virtual ~QuoterBase() = default;
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "records/DepthExport.h"
 #include "records/QuoterBase.h"
 
 namespace quoter {
@@ -8,7 +9,7 @@ namespace quoter {
 constexpr int kDepthLevels = 10;
 
 /// The depth snapshot: ten prices a side with their volumes, and the day's totals at that moment.
-struct QuoterDepthData : QuoterBase
+struct DEPTH_EXPORT QuoterDepthData : QuoterBase
 {
     double lastPrice = 0;                      ///< yuan, latest price; 0 before the first deal
     double askPrice[kDepthLevels] = {};        ///< yuan, sell one to sell ten; 0 for none

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "records/DepthExport.h"
+
 #include <cstdint>
 
 namespace Kel {
@@ -13,7 +15,7 @@ enum eDepthFilterType
 
 /// Which rows a tick list keeps and which size it marks with a colour. Copied by value. `passesFilter` in
 /// platform/models/tick_filter.h is the rule; the panels read `mark` and `color` alone.
-struct SDepthFilterParam
+struct DEPTH_EXPORT SDepthFilterParam
 {
     std::int32_t mark = 0;         ///< lots of the rows to mark; 0 marks none
     std::int32_t color = 0;        ///< index of the mark's colour

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "records/DepthExport.h"
 #include "records/SingleQuote.h"
 
 #include <cstdint>
@@ -12,7 +13,7 @@ namespace Kel {
 
 /// The head of the single-level panel, with the orders of the level. Shared and never changed after it was
 /// handed out, so any thread may read it.
-struct SingleQueue
+struct DEPTH_EXPORT SingleQueue
 {
     std::uint8_t isBuy = 0; ///< not zero for the buy side
     std::int64_t time = 0;  ///< milliseconds, time of the queue, compared with the time of each `SingleQuote`

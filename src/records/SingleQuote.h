@@ -1,11 +1,13 @@
 #pragma once
 
+#include "records/DepthExport.h"
+
 #include <cstdint>
 
 namespace Kel {
 
 /// One order of the single-level panel.
-struct SingleQuote
+struct DEPTH_EXPORT SingleQuote
 {
     std::int64_t time = 0;        ///< milliseconds, time of the order
     std::int32_t volume = 0;      ///< shares

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "records/BsonInterface.h"
+#include "records/DepthExport.h"
 
 #include <cstdint>
 
@@ -8,14 +9,14 @@ namespace quoter {
 
 /// A moment of a region: milliseconds since 1970-01-01 UTC and the sub-millisecond part, which is 0 in every
 /// use.
-struct TTimeValue
+struct DEPTH_EXPORT TTimeValue
 {
     std::int64_t milliseconds = 0;
     std::int32_t fraction = 0;
 };
 
 /// The range of a subscription. Written to BSON as "start", "startFraction", "end", "endFraction", "limit".
-class TRegionInfo : public BsonInterface
+class DEPTH_EXPORT TRegionInfo : public BsonInterface
 {
 public:
     TTimeValue start;       ///< first time, inclusive

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "records/BsonInterface.h"
+#include "records/DepthExport.h"
 
 #include <cstdint>
 #include <string>
@@ -16,7 +17,7 @@ enum EMetaId : std::int32_t
 
 /// What a subscription asks for. Written to BSON as "market", "instrument", "metaId", "period", "extra1",
 /// "extra2".
-class TSMetaInfo : public BsonInterface
+class DEPTH_EXPORT TSMetaInfo : public BsonInterface
 {
 public:
     std::string market;      ///< market code of the instrument, such as "SH"

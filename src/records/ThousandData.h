@@ -1,5 +1,6 @@
 #pragma once
 
+#include "records/DepthExport.h"
 #include "records/QuoterBase.h"
 
 #include <cstdint>
@@ -8,7 +9,7 @@
 namespace quoter {
 
 /// One standing order of a level.
-struct ThousandOrder
+struct DEPTH_EXPORT ThousandOrder
 {
     std::int64_t number = 0;
     std::int64_t time = 0;        ///< milliseconds since 1970-01-01 UTC
@@ -17,7 +18,7 @@ struct ThousandOrder
 };
 
 /// One price of the ladder.
-struct ThousandLevel
+struct DEPTH_EXPORT ThousandLevel
 {
     double price = 0;                  ///< yuan
     std::int64_t volume = 0;           ///< shares
@@ -27,7 +28,7 @@ struct ThousandLevel
 
 /// The whole ladder of an instrument at one moment, ready-made by the quote service. The time is that of the
 /// newest order or deal that it contains.
-struct ThousandData : QuoterBase
+struct DEPTH_EXPORT ThousandData : QuoterBase
 {
     double lastPrice = 0;            ///< yuan, of the newest deal; 0 before the first
     std::int64_t lastVolume = 0;     ///< shares of the newest deal

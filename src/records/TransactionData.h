@@ -1,5 +1,6 @@
 #pragma once
 
+#include "records/DepthExport.h"
 #include "records/QuoterBase.h"
 
 namespace quoter {
@@ -15,7 +16,7 @@ enum ETransactionKind : std::int32_t
 ///
 /// A cancellation carries the number of the cancelled order in `buyNo`, whichever side it stood on; for a
 /// sell order it carries the number in `sellNo` as well.
-struct TransactionData : QuoterBase
+struct DEPTH_EXPORT TransactionData : QuoterBase
 {
     double price = 0;            ///< yuan; 0 in a cancellation
     std::int64_t volume = 0;     ///< shares

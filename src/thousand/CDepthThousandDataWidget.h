@@ -5,6 +5,7 @@
 #include "platform/models/ladder_flags.h"
 #include "platform/toolkit/CBaseWidget.h"
 #include "platform/toolkit/CIndexScrollBar.h"
+#include "records/DepthExport.h"
 #include "records/EntrustData.h"
 #include "records/MetaCacheDataWrapper.h"
 #include "records/SingleQueue.h"
@@ -45,7 +46,7 @@ namespace Kel {
 ///
 /// Threads: the four callbacks may be called on any thread while the panel lives; everything else belongs to
 /// the GUI thread. Nothing is thrown; a callback for the other model is dropped in silence.
-class CDepthThousandDataWidget : public Zeb::CBaseWidget
+class DEPTH_EXPORT CDepthThousandDataWidget : public Zeb::CBaseWidget
 {
     Q_OBJECT
 

@@ -2,6 +2,7 @@
 
 #include "platform/toolkit/CBaseWidget.h"
 #include "platform/toolkit/CIndexScrollBar.h"
+#include "records/DepthExport.h"
 #include "records/SingleQueue.h"
 #include "records/SingleQuote.h"
 #include "thousand/single_queue_geometry.h"
@@ -24,7 +25,7 @@ namespace Kel {
 /// The panel holds a copy of the orders; the host calls `setSingleQueue` for each change, shows the panel
 /// before the first one, and hides it when the level is gone. The panel grows with the queue, up to 20 rows,
 /// and shrinks only when the price changes. GUI thread; takes event 15 of its scroll bar.
-class CSingleQueueWidget : public Zeb::CBaseWidget
+class DEPTH_EXPORT CSingleQueueWidget : public Zeb::CBaseWidget
 {
     Q_OBJECT
 

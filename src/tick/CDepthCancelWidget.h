@@ -1,12 +1,13 @@
 #pragma once
 
+#include "records/DepthExport.h"
 #include "tick/CEntrustListWidget.h"
 
 namespace Kel {
 
 /// The list of cancels, each with price, side and amount of its order. Without the order a row has the
 /// cancel's own price and a "C" in place of the amount. GUI thread.
-class CDepthCancelWidget : public CEntrustListWidget
+class DEPTH_EXPORT CDepthCancelWidget : public CEntrustListWidget
 {
     Q_OBJECT
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/toolkit/CCommonDialog.h"
+#include "records/DepthExport.h"
 #include "records/DepthOrderData.h"
 #include "records/TransactionData.h"
 #include "tick/track_style.h"
@@ -19,7 +20,7 @@ class COrderWidget;
 /// The life of one order, as it was when the dialog was filled: how much of it was filled, is queueing or was
 /// cancelled, the order itself, every deal that it took part in, and its cancel. Fill it by `setEntrustData`
 /// and then `setTransactionData`. GUI thread.
-class CDepthEntrustTrackDialog : public Zeb::CCommonDialog
+class DEPTH_EXPORT CDepthEntrustTrackDialog : public Zeb::CCommonDialog
 {
     Q_OBJECT
 

@@ -2,6 +2,7 @@
 
 #include "platform/models/CModelDepthEntrust.h"
 #include "platform/toolkit/CBaseWidget.h"
+#include "records/DepthExport.h"
 #include "records/SDepthFilterParam.h"
 
 #include <boost/function.hpp>
@@ -30,7 +31,7 @@ class CEntrustTitleWidget;
 /// The host calls `setStock` (after `clear`, to change the instrument) and forwards the callbacks, which may
 /// come on any thread while the panel lives; everything else belongs to the GUI thread. Nothing is thrown; a
 /// callback of another instrument is dropped.
-class CDepthEntrustWidget : public Zeb::CBaseWidget
+class DEPTH_EXPORT CDepthEntrustWidget : public Zeb::CBaseWidget
 {
     Q_OBJECT
 

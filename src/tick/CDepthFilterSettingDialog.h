@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/toolkit/CCommonDialog.h"
+#include "records/DepthExport.h"
 #include "records/SDepthFilterParam.h"
 
 #include <string>
@@ -23,7 +24,7 @@ namespace Kel {
 /// What was confirmed last is kept as JSON text and put back into the controls when the user cancels; before
 /// the first confirmation nothing is put back. The text restores controls alone: the record keeps what the
 /// user has changed in it. GUI thread.
-class CDepthFilterSettingDialog : public Zeb::CCommonDialog
+class DEPTH_EXPORT CDepthFilterSettingDialog : public Zeb::CCommonDialog
 {
     Q_OBJECT
 

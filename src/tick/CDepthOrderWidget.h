@@ -1,12 +1,13 @@
 #pragma once
 
+#include "records/DepthExport.h"
 #include "tick/CEntrustListWidget.h"
 
 namespace Kel {
 
 /// The list of new orders. An order that was asked for by `setTrackOrderParam` is drawn in the first mark
 /// colour, which also holds for an order of the same number in a later list. GUI thread.
-class CDepthOrderWidget : public CEntrustListWidget
+class DEPTH_EXPORT CDepthOrderWidget : public CEntrustListWidget
 {
     Q_OBJECT
 

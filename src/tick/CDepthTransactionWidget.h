@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/models/CModelDepthTransaction.h"
+#include "records/DepthExport.h"
 #include "tick/CTickListWidget.h"
 
 #include <boost/function.hpp>
@@ -25,7 +26,7 @@ class CDepthFilterSettingDialog;
 ///
 /// The host calls `setStock` (after `clear`, to change the instrument) and forwards the callbacks, which may
 /// come on any thread while the panel lives; everything else belongs to the GUI thread. Nothing is thrown.
-class CDepthTransactionWidget : public CTickListWidget
+class DEPTH_EXPORT CDepthTransactionWidget : public CTickListWidget
 {
     Q_OBJECT
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/models/CModelDepthEntrust.h"
+#include "records/DepthExport.h"
 #include "records/SDepthFilterParam.h"
 #include "tick/CTickListWidget.h"
 
@@ -16,7 +17,7 @@ class CEntrustTitleWidget;
 ///     | time or number | price | lots | amount | symbol |
 ///
 /// A double click on a row, or the return key, shows the track of its order. GUI thread.
-class CEntrustListWidget : public CTickListWidget
+class DEPTH_EXPORT CEntrustListWidget : public CTickListWidget
 {
     Q_OBJECT
 

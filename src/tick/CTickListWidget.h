@@ -2,6 +2,7 @@
 
 #include "platform/toolkit/CBaseWidget.h"
 #include "platform/toolkit/CIndexScrollBar.h"
+#include "records/DepthExport.h"
 #include "tick/tick_list_geometry.h"
 #include "tick/tick_resources.h"
 
@@ -23,7 +24,7 @@ namespace Kel {
 /// end move the selection as a click does; escape drops it; the return key does what a double click does.
 ///
 /// Events: takes 15 of its scroll bar. GUI thread.
-class CTickListWidget : public Zeb::CBaseWidget
+class DEPTH_EXPORT CTickListWidget : public Zeb::CBaseWidget
 {
     Q_OBJECT
 

@@ -2,6 +2,7 @@
 
 #include "platform/models/CModelDepthEntrust.h"
 #include "platform/models/CModelDepthTransaction.h"
+#include "records/DepthExport.h"
 
 #include <boost/shared_ptr.hpp>
 
@@ -22,16 +23,16 @@ using TickTableWalk = std::function<bool(int most, std::vector<QStringList>& row
 
 /// A list as filtered: names of its columns, number of its rows at this moment, and walks over them. Holds
 /// the model. To be made on the GUI thread, with the instrument that the model has then.
-struct TickTable
+struct DEPTH_EXPORT TickTable
 {
     QStringList columns;
     std::function<int()> rowCount;
     std::function<TickTableWalk()> walk;
 };
 
-TickTable dealTable(const boost::shared_ptr<CModelDepthTransaction>& model);
-TickTable orderTable(const boost::shared_ptr<CModelDepthEntrust>& model);
-TickTable cancelTable(const boost::shared_ptr<CModelDepthEntrust>& model);
+DEPTH_EXPORT TickTable dealTable(const boost::shared_ptr<CModelDepthTransaction>& model);
+DEPTH_EXPORT TickTable orderTable(const boost::shared_ptr<CModelDepthEntrust>& model);
+DEPTH_EXPORT TickTable cancelTable(const boost::shared_ptr<CModelDepthEntrust>& model);
 
 enum class ETableEncoding
 {
@@ -50,8 +51,8 @@ enum class ETableResult
 /// Writes a table as comma-separated values, lines ended by CR and LF. `progress(done, total)` is called now
 /// and then, at the end too, and stops the writing by answering false; it may be empty. The list may grow
 /// meanwhile: no row is written twice or left out but those that come while the file is written.
-ETableResult writeCsv(const TickTable& table, QIODevice& device, ETableEncoding encoding,
-                      const std::function<bool(int, int)>& progress);
+DEPTH_EXPORT ETableResult writeCsv(const TickTable& table, QIODevice& device, ETableEncoding encoding,
+                                   const std::function<bool(int, int)>& progress);
 
 /// A cell as it stands in such a file: in quotes if it holds a comma, a quote or a line end.
 QString csvCell(const QString& cell);

@@ -5,6 +5,7 @@
 #include "records/CFormulaParam.h"
 #include "records/CInstrumentDetail.h"
 #include "records/DepthCancelData.h"
+#include "records/DepthExport.h"
 #include "records/DepthOrderData.h"
 #include "records/MetaCacheDataWrapper.h"
 #include "records/SDepthFilterParam.h"
@@ -22,7 +23,7 @@
 namespace Kel {
 
 /// A cancellation and its order, as far as that is known.
-struct CancelWithOrder
+struct DEPTH_EXPORT CancelWithOrder
 {
     DepthCancelData cancel;
     bool isKnown = false;
@@ -54,7 +55,7 @@ struct CancelWithOrder
 /// before flags; a reader clears a flag and then reads the count. What was handed out never changes and stays
 /// valid. A new filter is applied at once to short lists and in the background to long ones; the old lists
 /// stay in force until the new ones are whole.
-class CModelDepthEntrust
+class DEPTH_EXPORT CModelDepthEntrust
 {
 public:
     CModelDepthEntrust();

@@ -4,6 +4,7 @@
 #include "platform/models/DealSummary.h"
 #include "platform/models/QuoteSeconds.h"
 #include "platform/models/deal_kind.h"
+#include "records/DepthExport.h"
 
 #include <atomic>
 #include <cstddef>
@@ -14,7 +15,7 @@
 namespace Kel {
 
 /// A deal with all that the chart draws of it.
-struct HolographicDeal : DepthTransData
+struct DEPTH_EXPORT HolographicDeal : DepthTransData
 {
     int index = -1;
     int buyLots = 0;  ///< of the whole buy order
@@ -40,7 +41,7 @@ struct HolographicDeal : DepthTransData
 ///
 /// Threads: as of the base class, callbacks on any thread; the public fields that are not atomic and all
 /// other operations of this class on the thread of the interface.
-class CModelDepthHolographic : public CModelDepthTransaction
+class DEPTH_EXPORT CModelDepthHolographic : public CModelDepthTransaction
 {
 public:
     /// Deals in view until a range is set.

@@ -2,6 +2,7 @@
 
 #include "platform/models/LadderModelBase.h"
 #include "platform/models/OrderBook.h"
+#include "records/DepthExport.h"
 #include "records/EntrustData.h"
 #include "records/MetaCacheDataWrapper.h"
 #include "records/SingleQueue.h"
@@ -23,7 +24,7 @@ namespace Kel {
 /// Every operation may be called on any thread; one lock guards everything. A large batch gives the lock away
 /// now and then, so that a reader never waits for the whole of it. Nothing is thrown. A null batch, one of
 /// another instrument and records of another type are passed over in silence.
-class CModelDepthThousand : public LadderModelBase
+class DEPTH_EXPORT CModelDepthThousand : public LadderModelBase
 {
 public:
     /// Both numbers are kept for the caller and have no effect.

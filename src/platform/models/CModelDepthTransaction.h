@@ -4,6 +4,7 @@
 #include "platform/utils/AtomicSharedPtr.h"
 #include "records/CFormulaParam.h"
 #include "records/CInstrumentDetail.h"
+#include "records/DepthExport.h"
 #include "records/DepthTransData.h"
 #include "records/MetaCacheDataWrapper.h"
 #include "records/OrderData.h"
@@ -23,7 +24,7 @@
 namespace Kel {
 
 /// One side of a deal: how much the order behind it is, and what its neighbouring deals cost.
-struct DealSide
+struct DEPTH_EXPORT DealSide
 {
     int lots = 0;             ///< as `getEntrustVolume` tells
     double previousPrice = 0; ///< yuan, of the order's deal before; not a number without one
@@ -56,7 +57,7 @@ struct DealSide
 /// before `dirty`; a reader clears `dirty` and then reads `count`. A row that was handed out never changes
 /// and stays valid; a changed row is a new one. A new filter is applied at once to a short list and in the
 /// background to a long one; the old list stays in force until the new one is whole.
-class CModelDepthTransaction
+class DEPTH_EXPORT CModelDepthTransaction
 {
 public:
     CModelDepthTransaction();

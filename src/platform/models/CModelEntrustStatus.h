@@ -2,6 +2,7 @@
 
 #include "records/CFormulaParam.h"
 #include "records/CInstrumentDetail.h"
+#include "records/DepthExport.h"
 #include "records/QuoterBase.h"
 #include "records/QuoterDepthData.h"
 
@@ -22,7 +23,7 @@ struct TransactionData;
 namespace Kel {
 
 /// One price level of one side as a quote panel shows it.
-struct EntrustLevel
+struct DEPTH_EXPORT EntrustLevel
 {
     bool valid = false; ///< there is something to show: a price over a tenth of the tick, or a volume
     double price = 0;   ///< yuan; 0 for none
@@ -40,7 +41,7 @@ inline bool operator!=(const EntrustLevel& a, const EntrustLevel& b)
 }
 
 /// What a quote panel shows; a cheap copy.
-struct EntrustStatusData
+struct DEPTH_EXPORT EntrustStatusData
 {
     nelservice::CInstrumentDetailPtr instrument; ///< null before the first `setStock` and for an unknown code
     double lastPrice = std::numeric_limits<double>::max(); ///< yuan; the largest double means none yet
@@ -55,7 +56,7 @@ struct EntrustStatusData
 ///
 /// The operations may be called on any thread. The fields are written under a lock by the operations; who
 /// reads them plainly must be on the thread that calls the operations, others take `data`.
-class CModelEntrustStatus : public EntrustStatusData
+class DEPTH_EXPORT CModelEntrustStatus : public EntrustStatusData
 {
 public:
     CModelEntrustStatus();

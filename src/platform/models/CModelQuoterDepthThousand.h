@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/models/LadderModelBase.h"
+#include "records/DepthExport.h"
 #include "records/EntrustData.h"
 #include "records/MetaCacheDataWrapper.h"
 #include "records/SingleQueue.h"
@@ -21,7 +22,7 @@ namespace Kel {
 ///
 /// Every operation may be called on any thread; one lock guards everything. Nothing is thrown. A null batch,
 /// one of another instrument and records of another type are passed over in silence.
-class CModelQuoterDepthThousand : public LadderModelBase
+class DEPTH_EXPORT CModelQuoterDepthThousand : public LadderModelBase
 {
 public:
     /// Both numbers are kept for the caller and have no effect.

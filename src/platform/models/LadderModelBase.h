@@ -4,6 +4,7 @@
 #include "platform/models/LadderSide.h"
 #include "platform/models/ladder_flags.h"
 #include "platform/models/ladder_lock.h"
+#include "records/DepthExport.h"
 #include "records/MetaCacheDataWrapper.h"
 
 #include <QString>
@@ -12,7 +13,7 @@ namespace Kel {
 
 /// What both ladders have in common: an instrument, the rows as reported last, and the lock that guards them.
 /// The public operations may be called on any thread and throw nothing.
-class LadderModelBase
+class DEPTH_EXPORT LadderModelBase
 {
 public:
     LadderModelBase(const LadderModelBase&) = delete;

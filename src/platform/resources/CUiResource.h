@@ -1,5 +1,7 @@
 #pragma once
 
+#include "records/DepthExport.h"
+
 #include <QColor>
 #include <QFont>
 #include <QHash>
@@ -27,7 +29,7 @@ enum class EPriceColors
 ///
 /// An unknown key gives a loud fallback (magenta, the default font, size 0, a magenta picture) and one log
 /// line for the key. `themes/README.md` lists what a theme file says.
-class CUiResource
+class DEPTH_EXPORT CUiResource
 {
 public:
     CUiResource();

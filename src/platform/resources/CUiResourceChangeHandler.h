@@ -1,9 +1,11 @@
 #pragma once
 
+#include "records/DepthExport.h"
+
 namespace Zeb {
 
 /// Hears of theme changes from its making to its end. GUI thread.
-class CUiResourceChangeHandler
+class DEPTH_EXPORT CUiResourceChangeHandler
 {
 public:
     CUiResourceChangeHandler();

@@ -1,11 +1,13 @@
 #pragma once
 
+#include "records/DepthExport.h"
+
 #include <atomic>
 
 namespace Kel {
 
 /// The environment that the host runs the panels in. Any thread.
-class CConfig
+class DEPTH_EXPORT CConfig
 {
 public:
     /// Panels take their concise family of theme keys; initially not.
@@ -17,9 +19,9 @@ private:
 };
 
 /// The environment of the host; null, which is a normal case, until the host sets one. Any thread.
-CConfig* getConfig();
+DEPTH_EXPORT CConfig* getConfig();
 
 /// Sets the environment, which stays the host's; the host sets null before it destroys the object.
-void setConfig(CConfig* config);
+DEPTH_EXPORT void setConfig(CConfig* config);
 
 } // namespace Kel

@@ -2,6 +2,7 @@
 
 #include "platform/services/DataDemand.h"
 #include "platform/services/proxy_type.h"
+#include "records/DepthExport.h"
 #include "records/QuoterBase.h"
 #include "records/TRegionInfo.h"
 #include "records/TSMetaInfo.h"
@@ -24,7 +25,7 @@ using QuoteCallback =
     boost::function<void(int, int, const std::vector<boost::shared_ptr<quoter::QuoterBase>>&)>;
 
 /// A feed that answers subscriptions.
-class IQuoteProvider
+class DEPTH_EXPORT IQuoteProvider
 {
 public:
     virtual ~IQuoteProvider() = default;
@@ -38,7 +39,7 @@ public:
 
 /// The front of the feeds: sessions of the trading day, and subscriptions of data series. Used as
 /// `utils::CSingletonT<Kel::CFormulaManager>::instance()`. Any thread may call anything.
-class CFormulaManager
+class DEPTH_EXPORT CFormulaManager
 {
 public:
     CFormulaManager();

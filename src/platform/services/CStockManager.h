@@ -1,6 +1,7 @@
 #pragma once
 
 #include "records/CInstrumentDetail.h"
+#include "records/DepthExport.h"
 
 #include <QString>
 
@@ -17,7 +18,7 @@ constexpr const char* kCustomIndexMarket = "CI";
 /// The instruments that the client knows, by key: market code and instrument code joined, such as "SH600519".
 /// Used as `utils::CSingletonT<Kel::CStockManager>::instance()`. Any thread may call anything; details are
 /// shared and must not be changed after they were added.
-class CStockManager
+class DEPTH_EXPORT CStockManager
 {
 public:
     /// The detail of a key, or of a bare instrument code if exactly one market has it; else null.

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "records/DepthExport.h"
+
 #include <QObject>
 
 #include <atomic>
@@ -8,7 +10,7 @@ namespace Kel {
 
 /// Settings of the user that panels follow while they run. The values may be read on any thread; the setters
 /// belong to the thread that owns the object, which the signal is sent on.
-class CUserConfig : public QObject
+class DEPTH_EXPORT CUserConfig : public QObject
 {
     Q_OBJECT
 
@@ -36,9 +38,9 @@ private:
 };
 
 /// The user configuration of the host; null, which is a normal case, until the host sets one. Any thread.
-CUserConfig* getUserConfig();
+DEPTH_EXPORT CUserConfig* getUserConfig();
 
 /// Sets the user configuration, which stays the host's; the host sets null before it destroys the object.
-void setUserConfig(CUserConfig* config);
+DEPTH_EXPORT void setUserConfig(CUserConfig* config);
 
 } // namespace Kel

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "records/DepthExport.h"
+
 #include <boost/asio/io_service.hpp>
 #include <boost/asio/io_service_strand.hpp>
 #include <boost/shared_ptr.hpp>
@@ -13,7 +15,7 @@ namespace net {
 /// What is posted on one strand runs one job at a time, in the order of posting; different strands run side
 /// by side. The pool starts with the first strand. A job that throws ends alone, with an error line in the
 /// log. Any thread may call anything.
-class RPCEngine
+class DEPTH_EXPORT RPCEngine
 {
 public:
     using Strand = boost::asio::io_service::strand;

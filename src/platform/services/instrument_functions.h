@@ -1,6 +1,7 @@
 #pragma once
 
 #include "records/CInstrumentDetail.h"
+#include "records/DepthExport.h"
 
 #include <QString>
 
@@ -9,15 +10,15 @@ namespace Kel {
 
 /// Market code and instrument code joined, "SH600519": the key that the stock manager knows the instrument by
 /// and that feed calls are addressed with. Empty for null.
-QString getDetailQsKey(const nelservice::CInstrumentDetailPtr& detail);
+DEPTH_EXPORT QString getDetailQsKey(const nelservice::CInstrumentDetailPtr& detail);
 
 /// Smallest price step, yuan: always positive and finite, 0.01 where the record gives none.
-double getDetailPriceTick(const nelservice::CInstrumentDetailPtr& detail);
+DEPTH_EXPORT double getDetailPriceTick(const nelservice::CInstrumentDetailPtr& detail);
 
 /// Previous close, yuan; 0 for null.
-double getDetailLastClose(const nelservice::CInstrumentDetailPtr& detail);
+DEPTH_EXPORT double getDetailLastClose(const nelservice::CInstrumentDetailPtr& detail);
 
 /// Market code; empty for null.
-std::string getDetailMarket(const nelservice::CInstrumentDetailPtr& detail);
+DEPTH_EXPORT std::string getDetailMarket(const nelservice::CInstrumentDetailPtr& detail);
 
 } // namespace Kel

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "records/DepthExport.h"
 #include "records/QuoterAllData.h"
 
 #include <string>
@@ -9,12 +10,13 @@
 namespace Kel {
 
 /// Null if there is none.
-quoter::QuoterAllDataPtr getLastQuoterAllDataPtr(const std::string& market, const std::string& code);
+DEPTH_EXPORT quoter::QuoterAllDataPtr getLastQuoterAllDataPtr(const std::string& market,
+                                                              const std::string& code);
 
 /// Null forgets the instrument's quote.
-void setLastQuoterAllData(const std::string& market, const std::string& code,
-                          const quoter::QuoterAllDataPtr& quote);
+DEPTH_EXPORT void setLastQuoterAllData(const std::string& market, const std::string& code,
+                                       const quoter::QuoterAllDataPtr& quote);
 
-void clearLastQuoterAllData();
+DEPTH_EXPORT void clearLastQuoterAllData();
 
 } // namespace Kel

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "records/DepthExport.h"
+
 #include <string>
 
 namespace se {
@@ -20,6 +22,6 @@ enum EProxyType : int
 namespace Kel {
 
 /// The quote service of a market code; `eProxyNone` for a code that is not known. Any thread.
-se::EProxyType proxyType(const std::string& market);
+DEPTH_EXPORT se::EProxyType proxyType(const std::string& market);
 
 } // namespace Kel

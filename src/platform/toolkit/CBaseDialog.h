@@ -3,6 +3,7 @@
 #include "platform/resources/CUiResourceChangeHandler.h"
 #include "platform/toolkit/CEventDeliverer.h"
 #include "platform/toolkit/CEventWidgetT.h"
+#include "records/DepthExport.h"
 
 #include <QDialog>
 
@@ -14,7 +15,9 @@ namespace Zeb {
 /// A dialog ends once: what ends it again while it is hidden, as a button's event and its `clicked` do one
 /// after the other, changes neither the result nor is anybody told. The escape key, the window manager's
 /// close and `reject` come in as the event of the frame's close button, so that a dialog sees one thing only.
-class CBaseDialog : public CEventWidgetT<QDialog>, public CEventDeliverer, public CUiResourceChangeHandler
+class DEPTH_EXPORT CBaseDialog : public CEventWidgetT<QDialog>,
+                                 public CEventDeliverer,
+                                 public CUiResourceChangeHandler
 {
     Q_OBJECT
 

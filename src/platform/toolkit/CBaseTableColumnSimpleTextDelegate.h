@@ -1,5 +1,7 @@
 #pragma once
 
+#include "records/DepthExport.h"
+
 #include <QHash>
 #include <QString>
 #include <QStyledItemDelegate>
@@ -8,7 +10,7 @@ namespace Zeb {
 
 /// Draws the texts of one column of a `CStandardTable`. It keeps the texts itself, by key; the key of a cell
 /// is the decimal index of its row. GUI thread.
-class CBaseTableColumnSimpleTextDelegate : public QStyledItemDelegate
+class DEPTH_EXPORT CBaseTableColumnSimpleTextDelegate : public QStyledItemDelegate
 {
     Q_OBJECT
 

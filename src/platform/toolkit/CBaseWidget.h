@@ -3,6 +3,7 @@
 #include "platform/resources/CUiResourceChangeHandler.h"
 #include "platform/toolkit/CEventDeliverer.h"
 #include "platform/toolkit/CEventWidgetT.h"
+#include "records/DepthExport.h"
 
 #include <QPointer>
 #include <QWidget>
@@ -11,7 +12,9 @@ namespace Zeb {
 
 /// Base of all panels: takes and sends events, hears of theme changes, tracks the mouse without a pressed
 /// button, and may hold one content widget that it keeps at its own size. GUI thread.
-class CBaseWidget : public CEventWidgetT<QWidget>, public CEventDeliverer, public CUiResourceChangeHandler
+class DEPTH_EXPORT CBaseWidget : public CEventWidgetT<QWidget>,
+                                 public CEventDeliverer,
+                                 public CUiResourceChangeHandler
 {
     Q_OBJECT
 

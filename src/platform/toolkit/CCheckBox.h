@@ -2,6 +2,7 @@
 
 #include "platform/resources/CUiResourceChangeHandler.h"
 #include "platform/toolkit/CEventDeliverer.h"
+#include "records/DepthExport.h"
 
 #include <QCheckBox>
 
@@ -9,7 +10,7 @@ namespace Zeb {
 
 /// Check box that sends event 67 (first number `id`, second 0) when the user turns it over by mouse or key;
 /// `setChecked` is silent. GUI thread.
-class CCheckBox : public QCheckBox, public CEventDeliverer, public CUiResourceChangeHandler
+class DEPTH_EXPORT CCheckBox : public QCheckBox, public CEventDeliverer, public CUiResourceChangeHandler
 {
     Q_OBJECT
 

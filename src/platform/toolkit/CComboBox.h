@@ -2,6 +2,7 @@
 
 #include "platform/resources/CUiResourceChangeHandler.h"
 #include "platform/toolkit/CEventDeliverer.h"
+#include "records/DepthExport.h"
 
 #include <QComboBox>
 
@@ -9,7 +10,7 @@ namespace Zeb {
 
 /// Combo box that sends event 70 (first number `id`, second 0) when the user chooses an item by mouse, wheel
 /// or key; `setCurrentIndex` is silent. GUI thread.
-class CComboBox : public QComboBox, public CEventDeliverer, public CUiResourceChangeHandler
+class DEPTH_EXPORT CComboBox : public QComboBox, public CEventDeliverer, public CUiResourceChangeHandler
 {
     Q_OBJECT
 

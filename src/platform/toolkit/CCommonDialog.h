@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/toolkit/CBaseDialog.h"
+#include "records/DepthExport.h"
 
 #include <QPoint>
 #include <QPointer>
@@ -12,7 +13,7 @@ class CPushButton;
 /// Dialog with a frame of its own: a title strip, by which it is moved, with a close button (event 5, first
 /// number `kCloseId`), and below it one inner widget that fills the rest. Sizes of the dialog include the
 /// frame. GUI thread.
-class CCommonDialog : public CBaseDialog
+class DEPTH_EXPORT CCommonDialog : public CBaseDialog
 {
     Q_OBJECT
 

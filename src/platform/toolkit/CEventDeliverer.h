@@ -1,5 +1,7 @@
 #pragma once
 
+#include "records/DepthExport.h"
+
 #include <QPointer>
 #include <QString>
 #include <QWidget>
@@ -11,7 +13,7 @@ namespace Zeb {
 class CEventHandler;
 
 /// Sends events of one widget to those above it. GUI thread.
-class CEventDeliverer
+class DEPTH_EXPORT CEventDeliverer
 {
 public:
     /// `sender` is the widget whose parents are asked; it owns this object or is this object.

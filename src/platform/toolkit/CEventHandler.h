@@ -1,11 +1,13 @@
 #pragma once
 
+#include "records/DepthExport.h"
+
 #include <QString>
 
 namespace Zeb {
 
 /// What a widget takes events with. GUI thread.
-class CEventHandler
+class DEPTH_EXPORT CEventHandler
 {
 public:
     virtual ~CEventHandler() = default;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/toolkit/CEventHandler.h"
+#include "records/DepthExport.h"
 
 #include <utility>
 
@@ -8,7 +9,7 @@ namespace Zeb {
 
 /// A widget class that takes events; by itself it takes none.
 template <class Widget>
-class CEventWidgetT : public Widget, public CEventHandler
+class DEPTH_EXPORT CEventWidgetT : public Widget, public CEventHandler
 {
 public:
     using Widget::Widget;

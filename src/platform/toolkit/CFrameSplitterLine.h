@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/resources/CUiResourceChangeHandler.h"
+#include "records/DepthExport.h"
 
 #include <QWidget>
 
@@ -8,7 +9,7 @@ namespace Zeb {
 
 /// A line across a dialog in a colour of the theme: as wide as there is room and `thickness` pixels high.
 /// GUI thread.
-class CFrameSplitterLine : public QWidget, public CUiResourceChangeHandler
+class DEPTH_EXPORT CFrameSplitterLine : public QWidget, public CUiResourceChangeHandler
 {
     Q_OBJECT
 

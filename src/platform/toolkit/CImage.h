@@ -1,5 +1,7 @@
 #pragma once
 
+#include "records/DepthExport.h"
+
 #include <QRect>
 #include <QSize>
 #include <QString>
@@ -10,7 +12,7 @@ namespace Zeb {
 
 /// A picture of the theme that others draw. It is looked up at every drawing, so it follows the theme and the
 /// screen. GUI thread.
-class CImage
+class DEPTH_EXPORT CImage
 {
 public:
     explicit CImage(const QString& imageKey);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/toolkit/CEventDeliverer.h"
+#include "records/DepthExport.h"
 
 #include <QScrollBar>
 
@@ -9,7 +10,7 @@ namespace Kel {
 /// Scroll bar that tells its owner, the parent widget, of every change of its value by event 15 (first number
 /// `id`, second 0), synchronously: by hand, wheel, `setValue` or a clamp of the range. No event without a
 /// change. GUI thread.
-class CIndexScrollBar : public QScrollBar, public Zeb::CEventDeliverer
+class DEPTH_EXPORT CIndexScrollBar : public QScrollBar, public Zeb::CEventDeliverer
 {
     Q_OBJECT
 

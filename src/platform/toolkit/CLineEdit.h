@@ -2,6 +2,7 @@
 
 #include "platform/resources/CUiResourceChangeHandler.h"
 #include "platform/toolkit/CEventDeliverer.h"
+#include "records/DepthExport.h"
 
 #include <QLineEdit>
 
@@ -9,7 +10,7 @@ namespace Zeb {
 
 /// Editor of one line that sends event 100 (first number `id`, second 0) at every edit of the user; `setText`
 /// and `setInt` are silent. GUI thread.
-class CLineEdit : public QLineEdit, public CEventDeliverer, public CUiResourceChangeHandler
+class DEPTH_EXPORT CLineEdit : public QLineEdit, public CEventDeliverer, public CUiResourceChangeHandler
 {
     Q_OBJECT
 

@@ -2,6 +2,7 @@
 
 #include "platform/resources/CUiResourceChangeHandler.h"
 #include "platform/toolkit/CEventDeliverer.h"
+#include "records/DepthExport.h"
 
 #include <QPushButton>
 
@@ -10,7 +11,9 @@ namespace Zeb {
 /// Button of a dialog with a text that sends event 5 (first number `id`, second 0) when it is clicked, before
 /// anything that is connected to its `clicked`. The return key presses it only if it has the focus or
 /// `setDefault` was called. GUI thread.
-class CMediumNormalButton : public QPushButton, public CEventDeliverer, public CUiResourceChangeHandler
+class DEPTH_EXPORT CMediumNormalButton : public QPushButton,
+                                         public CEventDeliverer,
+                                         public CUiResourceChangeHandler
 {
     Q_OBJECT
 

@@ -1,13 +1,14 @@
 #pragma once
 
 #include "platform/resources/CUiResourceChangeHandler.h"
+#include "records/DepthExport.h"
 
 #include <QMenu>
 
 namespace Zeb {
 
 /// Menu in the colours of the theme. GUI thread.
-class CMenu : public QMenu, public CUiResourceChangeHandler
+class DEPTH_EXPORT CMenu : public QMenu, public CUiResourceChangeHandler
 {
     Q_OBJECT
 

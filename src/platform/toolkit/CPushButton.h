@@ -2,6 +2,7 @@
 
 #include "platform/resources/CUiResourceChangeHandler.h"
 #include "platform/toolkit/CEventDeliverer.h"
+#include "records/DepthExport.h"
 
 #include <QPushButton>
 
@@ -10,7 +11,7 @@ namespace Zeb {
 /// Button that shows a picture of the theme, a text, or both, and sends an event when it is clicked: 5 (first
 /// number `id`, second 0) unless told otherwise. With a picture and no text it has the size of its picture.
 /// Clicks do not take the keyboard focus away from a panel; the tab key reaches the button. GUI thread.
-class CPushButton : public QPushButton, public CEventDeliverer, public CUiResourceChangeHandler
+class DEPTH_EXPORT CPushButton : public QPushButton, public CEventDeliverer, public CUiResourceChangeHandler
 {
     Q_OBJECT
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/toolkit/CCommonDialog.h"
+#include "records/DepthExport.h"
 
 #include <functional>
 
@@ -14,7 +15,7 @@ class CSimpleTextWidget;
 
 /// Dialog that asks for one line of text. It can be confirmed only while the text satisfies its validator.
 /// GUI thread.
-class CSimpleInputDialog : public CCommonDialog
+class DEPTH_EXPORT CSimpleInputDialog : public CCommonDialog
 {
     Q_OBJECT
 

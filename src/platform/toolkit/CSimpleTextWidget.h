@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/resources/CUiResourceChangeHandler.h"
+#include "records/DepthExport.h"
 
 #include <QLabel>
 
@@ -8,7 +9,7 @@ namespace Zeb {
 
 /// A text in a font and a colour of the theme, "fnt_default_normal" and "clr_dialog_text" at first, left
 /// aligned and vertically centred. GUI thread.
-class CSimpleTextWidget : public QLabel, public CUiResourceChangeHandler
+class DEPTH_EXPORT CSimpleTextWidget : public QLabel, public CUiResourceChangeHandler
 {
     Q_OBJECT
 

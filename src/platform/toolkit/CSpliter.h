@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/resources/CUiResourceChangeHandler.h"
+#include "records/DepthExport.h"
 
 #include <QSplitter>
 
@@ -8,7 +9,7 @@ namespace Zeb {
 
 /// Panes side by side or one above the other with a bar of the theme's colour between them; no pane can be
 /// pushed away whole. GUI thread.
-class CSpliter : public QSplitter, public CUiResourceChangeHandler
+class DEPTH_EXPORT CSpliter : public QSplitter, public CUiResourceChangeHandler
 {
     Q_OBJECT
 

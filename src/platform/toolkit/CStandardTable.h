@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/resources/CUiResourceChangeHandler.h"
+#include "records/DepthExport.h"
 
 #include <QHash>
 #include <QPointer>
@@ -15,7 +16,7 @@ class TextTableModel;
 
 /// Table of texts with a header, colours and fonts by key. Rows and columns are counted from 0; what names a
 /// cell that is not there does nothing and gives an empty text. GUI thread.
-class CStandardTable : public QTableView, public CUiResourceChangeHandler
+class DEPTH_EXPORT CStandardTable : public QTableView, public CUiResourceChangeHandler
 {
     Q_OBJECT
 

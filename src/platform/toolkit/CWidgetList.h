@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/toolkit/CEventWidgetT.h"
+#include "records/DepthExport.h"
 
 #include <QWidget>
 
@@ -9,7 +10,7 @@ class QBoxLayout;
 namespace Zeb {
 
 /// A row or a column of widgets, margin and spacing 0 at first. A hidden widget takes no room. GUI thread.
-class CWidgetList : public CEventWidgetT<QWidget>
+class DEPTH_EXPORT CWidgetList : public CEventWidgetT<QWidget>
 {
     Q_OBJECT
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "records/DepthExport.h"
+
 #include <QAbstractTableModel>
 #include <QString>
 #include <QStringList>
@@ -9,7 +11,7 @@ namespace Zeb {
 
 /// Texts in rows and columns, each in a colour by key that follows the theme. Rows are appended by the
 /// thousand at the cost of one notice to the view. Cells that are not there are empty. GUI thread.
-class TextTableModel : public QAbstractTableModel
+class DEPTH_EXPORT TextTableModel : public QAbstractTableModel
 {
     Q_OBJECT
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "records/DepthExport.h"
+
 #include <QString>
 
 /// Numbers as texts, the same in all panels and in every locale. A number is rounded half away from zero, on
@@ -18,19 +20,19 @@ constexpr unsigned eFormatUnits = 0x40000;
 
 /// `value` with `decimals` decimals. With `groupThousands` the digits before the point are grouped by commas.
 /// A value that is not finite gives `badText`.
-QString formatDoubleNumber(double value, int decimals, unsigned flags, bool groupThousands,
-                           const QString& badText);
+DEPTH_EXPORT QString formatDoubleNumber(double value, int decimals, unsigned flags, bool groupThousands,
+                                        const QString& badText);
 
 /// A whole number, with `decimals` zeros after the point; no grouping.
-QString formatIntNumber(int value, int decimals, unsigned flags);
-QString formatLonglongNumber(qint64 value, int decimals, unsigned flags);
+DEPTH_EXPORT QString formatIntNumber(int value, int decimals, unsigned flags);
+DEPTH_EXPORT QString formatLonglongNumber(qint64 value, int decimals, unsigned flags);
 
 /// A price with the decimals of its tick (both yuan). Not finite, and the largest double, which stands for no
 /// price yet: "非法值".
-QString formatPriceDoubleNumber(double value, double tick);
+DEPTH_EXPORT QString formatPriceDoubleNumber(double value, double tick);
 
 /// Decimals of a price tick: 2 for 0.01, 3 for 0.005, 0 for 1. At most 8; 2 for a tick that is not positive
 /// or not finite.
-int priceTick2Precision(double tick);
+DEPTH_EXPORT int priceTick2Precision(double tick);
 
 } // namespace Zeb

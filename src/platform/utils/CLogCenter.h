@@ -1,5 +1,7 @@
 #pragma once
 
+#include "records/DepthExport.h"
+
 #include <atomic>
 #include <condition_variable>
 #include <cstddef>
@@ -20,7 +22,7 @@ constexpr int kLogError = 40000;
 /// Silent until the host calls `setLogEnabled(true)`. Texts are UTF-8; log4cxx writes what the process locale
 /// cannot show as question marks, so a host calls `setlocale` first. Write lines with `DEPTH_LOG`
 /// (platform/utils/Log.h), which formats nothing that is not written. Any thread may call anything.
-class CLogCenter
+class DEPTH_EXPORT CLogCenter
 {
 public:
     static CLogCenter& instance();

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "records/DepthExport.h"
+
 #include <string>
 
 namespace utils {
@@ -26,6 +28,6 @@ enum class ECodeKind
 
 /// The kind of the first range that `code` lies in, among the ranges of exactly this market. Connect markets
 /// have the ranges of the exchange that the instrument is listed on. Any thread; any text is allowed.
-ECodeKind codeKind(const std::string& market, const std::string& code);
+DEPTH_EXPORT ECodeKind codeKind(const std::string& market, const std::string& code);
 
 } // namespace utils

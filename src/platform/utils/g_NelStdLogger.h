@@ -1,5 +1,7 @@
 #pragma once
 
+#include "records/DepthExport.h"
+
 #include <log4cxx/logger.h>
 
 namespace utils {
@@ -7,7 +9,7 @@ namespace utils {
 /// The logger behind `g_NelStdLogger`, named "NelStd". Made on first use, never destroyed, so that it can be
 /// used by initialisers and destructors of static objects. Appenders and levels are the host's to configure.
 /// Any thread.
-log4cxx::LoggerPtr& stdLogger();
+DEPTH_EXPORT log4cxx::LoggerPtr& stdLogger();
 
 } // namespace utils
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "records/DepthExport.h"
+
 #include <QString>
 
 #include <cstdint>
@@ -12,9 +14,9 @@ constexpr unsigned eFormatShortest = 4;
 
 /// `value` as the flags say: with `eFormatShortest` "12.34", "0" and "-0.5", without trailing zeros;
 /// otherwise with two decimals. Zero has no sign. A value that is not finite gives "非法值".
-QString formatDoubleNumber(double value, unsigned flags);
+DEPTH_EXPORT QString formatDoubleNumber(double value, unsigned flags);
 
 /// A whole number with `decimals` zeros after the point, no grouping. There are no flags yet: pass 0.
-QString formatIntNumber(std::int64_t value, int decimals, unsigned flags);
+DEPTH_EXPORT QString formatIntNumber(std::int64_t value, int decimals, unsigned flags);
 
 } // namespace utils

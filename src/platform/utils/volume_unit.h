@@ -1,5 +1,7 @@
 #pragma once
 
+#include "records/DepthExport.h"
+
 #include <string>
 
 namespace utils {
@@ -7,6 +9,6 @@ namespace utils {
 /// Shares (or units of face value) in one lot: 10 for what is traded in tens (`isLoan`), for a code of
 /// Shenzhen's repurchases whatever the market is, and for Shanghai's repurchases when the market is exactly
 /// "SH"; else 100. Any thread.
-int getVolumeUnit(const std::string& market, const std::string& code);
+DEPTH_EXPORT int getVolumeUnit(const std::string& market, const std::string& code);
 
 } // namespace utils

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "records/DepthExport.h"
+
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -13,7 +15,7 @@ class Document;
 ///
 /// A look-up takes the first element of the name. It gives nothing if there is no such element or it has
 /// another type.
-class BSONObj
+class DEPTH_EXPORT BSONObj
 {
 public:
     /// The empty document.

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "records/DepthExport.h"
 #include "records/bson/BSONObj.h"
 
 #include <QString>
@@ -14,7 +15,7 @@ namespace bson {
 /// Texts are UTF-8. Bytes that are none are replaced by the replacement character, so that the document is
 /// always valid; a zero byte may stand in a value, while a name ends at it. What would make the document
 /// larger than 2 GB is left out.
-class BSONObjBuilder
+class DEPTH_EXPORT BSONObjBuilder
 {
 public:
     BSONObjBuilder();

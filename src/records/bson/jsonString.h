@@ -1,5 +1,7 @@
 #pragma once
 
+#include "records/DepthExport.h"
+
 #include <string>
 
 namespace bson {
@@ -10,6 +12,6 @@ class BSONObj;
 /// `{ "a" : 1, "b" : "x", "c" : true }`, or `{ }` when it is empty. Numbers are written the way libbson's
 /// legacy JSON does: a double with up to 20 digits, one that is not finite as nan or inf, which JSON does not
 /// have. Any thread.
-std::string jsonString(const BSONObj& object);
+DEPTH_EXPORT std::string jsonString(const BSONObj& object);
 
 } // namespace bson
