@@ -16,6 +16,9 @@ if [[ "${1:-}" == "--with-tests" ]]; then
     xvfb xauth openbox git
   )
 fi
+if [[ "${1:-}" == "--with-docs" ]]; then
+  packages+=(doxygen)
+fi
 
 missing=()
 for package in "${packages[@]}"; do
