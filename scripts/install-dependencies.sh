@@ -13,7 +13,7 @@ if [[ "${1:-}" == "--with-tests" ]]; then
   packages+=(
     libgtest-dev libgmock-dev libbenchmark-dev
     clang-14 clang-format-14 libclang-rt-14-dev llvm-14
-    xvfb xauth openbox git
+    xvfb xauth openbox git doxygen
   )
 fi
 if [[ "${1:-}" == "--with-docs" ]]; then
