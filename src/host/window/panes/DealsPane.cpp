@@ -17,7 +17,6 @@ DealsPane::DealsPane(QWidget* parent)
 {
     header().setWidget(m_panel);
     header().setDrawSplit(true);
-    header().setHeader(title());
     header().setActionHandler([panel = m_panel](int action) { panel->actionHandler(action); });
     header().showExtendShrinkImage(true);
     header().showFilterImage(true);

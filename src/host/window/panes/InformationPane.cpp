@@ -6,6 +6,14 @@
 
 namespace host {
 
+namespace {
+
+constexpr int kEventPage = 302;
+constexpr int kPages = 4;
+constexpr int kAnnouncements = 1;
+
+} // namespace
+
 InformationPane::InformationPane(QWidget* parent)
     : Pane(QStringLiteral("information"), QStringLiteral("资讯"), parent),
       m_panel(new Kel::CInformationWidget(this))
@@ -46,6 +54,9 @@ void InformationPane::setInstrument(const QString& key)
         feed::readArchivedNotices(m_archive, key.toStdString(), notices, report, error);
     }
     m_panel->onInfoNotice(key, notices);
+    if (!m_opened) // with what a feed brings; after that the page is the person's choice
+        m_panel->handleEvent(kEventPage, kPages, kAnnouncements, QString(), nullptr);
+    m_opened = true;
 }
 
 } // namespace host

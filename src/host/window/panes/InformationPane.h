@@ -34,6 +34,7 @@ private:
     std::string m_archive;
     DayPtr m_day;
     QString m_key;
+    bool m_opened = false; ///< a page was opened
 };
 
 } // namespace host
