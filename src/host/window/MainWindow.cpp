@@ -348,6 +348,8 @@ void MainWindow::followReplay()
     const std::int64_t now = m_player->now();
     m_bar->setMoment(now);
     m_list->instruments().setMoment(now);
+    for (Pane* pane : m_panes)
+        pane->follow();
     if (!m_closeAsked && m_close >= 0 && now >= m_close) {
         m_closeAsked = true;
         m_wiring.queue->panel().onPostTradeClosed(TerminalServices::keyOf(m_day->detail),

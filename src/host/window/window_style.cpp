@@ -70,6 +70,7 @@ QComboBox QAbstractItemView { background: %13; color: %4; border: 1px solid %3; 
                               selection-background-color: %8; selection-color: %4; }
 QTableView { background: %1; color: %4; border: 0; outline: 0; selection-background-color: %7; }
 QTableView::item { padding: 0 6px; border: 0; }
+#Pane_information QTableView::item { padding: 0 1px; }
 QTableView::item:hover { background: %8; }
 QTableView::item:selected { background: %7; }
 QHeaderView { background: %2; border: 0; }
