@@ -177,6 +177,8 @@ void MainWindow::connectActions()
     connect(m_wiring.queue, &QueueCell::modesChanged, this,
             [this] { m_actions->showModes(m_wiring.queue->modes()); });
     connect(m_actions, &TerminalActions::layoutChosen, this, &MainWindow::applyLayout);
+    connect(m_actions, &TerminalActions::filterAsked, this, &MainWindow::filterList);
+    connect(m_actions, &TerminalActions::stripAsked, m_wiring.deals, &DealsPane::toggleStrip);
     connect(m_actions, &TerminalActions::copyAsked, this, &MainWindow::copySelection);
     connect(m_actions, &TerminalActions::tableAsked, this, &MainWindow::exportTable);
     connect(m_actions, &TerminalActions::pictureAsked, this, &MainWindow::exportPicture);

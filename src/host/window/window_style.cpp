@@ -22,7 +22,7 @@ QMainWindow::separator:hover { background: %6; }
 #PaneTitle { background: %2; border-bottom: 1px solid %3; }
 #PaneTitle QLabel { color: %5; background: transparent; }
 #PaneTitle QToolButton { border: 0; padding: 0; }
-#Workspace QTabBar { background: %1; }
+#Workspace QTabBar { background: %1; qproperty-drawBase: 0; }
 #Workspace QTabBar::tab { background: %1; color: %5; border: 0; border-top: 2px solid transparent;
                           padding: 4px 12px; }
 #Workspace QTabBar::tab:selected { background: %2; color: %4; border-top-color: %6; }

@@ -3,11 +3,14 @@
 #include "feed/archive/archived_notices.h"
 #include "feed/simulation/notices.h"
 #include "information/CInformationWidget.h"
+#include "platform/toolkit/CStandardTable.h"
 
 namespace host {
 
 namespace {
 
+constexpr int kDateColumn = 1;
+constexpr int kDatePadding = 16; // pixels
 constexpr int kEventPage = 302;
 constexpr int kPages = 4;
 constexpr int kAnnouncements = 1;
@@ -19,6 +22,12 @@ InformationPane::InformationPane(QWidget* parent)
       m_panel(new Kel::CInformationWidget(this))
 {
     setContentWidget(m_panel, 0, 0, true);
+    // The fonts of a desktop may be wider than the panel reckons with.
+    const int date = fontMetrics().horizontalAdvance(QStringLiteral("0000-00-00")) + kDatePadding;
+    for (const auto which :
+         {Kel::CInformationWidget::eTableNews, Kel::CInformationWidget::eTableAnnouncements,
+          Kel::CInformationWidget::eTableReports})
+        m_panel->table(which)->setColumnWidth(kDateColumn, date);
     setWantedSize(QSize(700, 220));
 }
 

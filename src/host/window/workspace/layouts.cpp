@@ -19,23 +19,24 @@ LayoutCell cell(int share, std::initializer_list<const char*> ids)
 
 const std::vector<Layout>& shippedLayouts()
 {
+    // Shares are pixels of a window of the usual size.
     static const std::vector<Layout> layouts = {
         {QStringLiteral("queue"),
          QStringLiteral("队列台"),
-         {{{cell(100, {"list"})}, 18},
-          {{cell(66, {"queue"}), cell(34, {"information", "orders"})}, 47},
-          {{cell(100, {"ladder"})}, 18},
-          {{cell(100, {"ticket", "levels"})}, 17}}},
+         {{{cell(100, {"list"})}, 285},
+          {{cell(66, {"queue"}), cell(34, {"information", "orders"})}, 800},
+          {{cell(100, {"ladder"})}, 265},
+          {{cell(100, {"ticket", "levels"})}, 250}}},
         {QStringLiteral("tick"),
          QStringLiteral("逐笔台"),
-         {{{cell(45, {"list"}), cell(55, {"levels"})}, 19},
-          {{cell(52, {"queue"}), cell(48, {"orders"})}, 54},
-          {{cell(100, {"deals"})}, 27}}},
+         {{{cell(45, {"list"}), cell(55, {"levels"})}, 275},
+          {{cell(52, {"queue"}), cell(48, {"orders"})}, 885},
+          {{cell(100, {"deals"})}, 440}}},
         {QStringLiteral("chart"),
          QStringLiteral("全息台"),
-         {{{cell(45, {"list"}), cell(55, {"levels"})}, 19},
-          {{cell(58, {"chart"}), cell(42, {"zoom"})}, 56},
-          {{cell(100, {"deals"})}, 25}}},
+         {{{cell(45, {"list"}), cell(55, {"levels"})}, 275},
+          {{cell(58, {"chart"}), cell(42, {"zoom"})}, 925},
+          {{cell(100, {"deals"})}, 400}}},
     };
     return layouts;
 }
