@@ -109,7 +109,7 @@ void CDepthHolographicWidget::middleCurrDeal(int seq)
     const int row = truncateToInt((m_model->maxPrice - deal->price) / m_priceTick + 0.5);
     if (row >= m_scrollRow && row <= std::int64_t(m_scrollRow) + m_pageRows)
         return;
-    m_scrollRow = std::max(0, row - m_pageRows / 2);
+    m_scrollRow = clampToInt(std::max<std::int64_t>(0, std::int64_t(row) - m_pageRows / 2));
     m_scrollBar->setValue(m_scrollRow);
     drawGraph();
     update();
