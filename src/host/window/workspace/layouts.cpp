@@ -29,13 +29,13 @@ const std::vector<Layout>& shippedLayouts()
           {{cell(100, {"ticket", "levels"})}, 250}}},
         {QStringLiteral("tick"),
          QStringLiteral("逐笔台"),
-         {{{cell(45, {"list"}), cell(55, {"levels"})}, 275},
-          {{cell(52, {"queue"}), cell(48, {"orders"})}, 885},
-          {{cell(100, {"deals"})}, 440}}},
+         {{{cell(45, {"list"}), cell(55, {"levels"})}, 290},
+          {{cell(52, {"queue"}), cell(48, {"orders"})}, 880},
+          {{cell(100, {"deals"})}, 430}}},
         {QStringLiteral("chart"),
          QStringLiteral("全息台"),
-         {{{cell(45, {"list"}), cell(55, {"levels"})}, 275},
-          {{cell(58, {"chart"}), cell(42, {"zoom"})}, 925},
+         {{{cell(45, {"list"}), cell(55, {"levels"})}, 290},
+          {{cell(58, {"chart"}), cell(42, {"zoom"})}, 910},
           {{cell(100, {"deals"})}, 400}}},
     };
     return layouts;
