@@ -284,6 +284,8 @@ void MainWindow::onHalted(int number)
         pane->setDay(m_day);
     for (Pane* pane : m_panes)
         pane->setInstrument(TerminalServices::keyOf(m_day->detail));
+    if (!m_information->failure().isEmpty())
+        m_messages->showError(m_information->failure());
     m_player->begin(number);
 }
 

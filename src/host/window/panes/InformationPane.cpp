@@ -54,16 +54,19 @@ void InformationPane::setInstrument(const QString& key)
     m_panel->clearTables();
     m_panel->setStock(key);
     m_panel->enableUi();
+    m_failure.clear();
     quoter::NoticeList notices;
     if (m_simulated) {
         notices = feed::simulatedNotices(m_day->detail, m_day->tradingDay, m_seed);
     } else if (!m_archive.empty()) {
         feed::ImportReport report;
         feed::Error error;
-        feed::readArchivedNotices(m_archive, key.toStdString(), notices, report, error);
+        if (!feed::readArchivedNotices(m_archive, key.toStdString(), notices, report, error))
+            m_failure = QString::fromStdString(error.text());
     }
     m_panel->onInfoNotice(key, notices);
-    if (!m_opened) // with what a feed brings; after that the page is the person's choice
+    // With what a feed brings; after that the page is the person's choice.
+    if (!m_opened)
         m_panel->handleEvent(kEventPage, kPages, kAnnouncements, QString(), nullptr);
     m_opened = true;
 }
