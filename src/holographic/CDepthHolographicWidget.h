@@ -124,9 +124,11 @@ protected:
     void initMenu();
     void draging(int x);
     void moveCursorByKey(bool left);
-    void sendCursor();
+
+    // Both give false if a receiver of their event has destroyed the chart.
+    bool sendCursor();
+    bool endSelection();
     void sendSelectedRange();
-    void endSelection();
     int hoverDelay() const;
 
     // State and scales (CDepthHolographicWidget.cpp)

@@ -382,6 +382,92 @@ TEST_F(ChartMouse, TheBoxIsSeenOverThePicture)
     EXPECT_EQ(chart.grab().toImage(), before);
 }
 
+// Hosts
+// ---------------------------------------------------------------------------------------------------------------
+
+namespace {
+
+/// Answers an event by what it is told to do.
+class AnsweringHost : public Zeb::CEventHandler
+{
+public:
+    bool handleEvent(int id, int first, int second, QString, void*) override
+    {
+        answer(id, first, second);
+        return true;
+    }
+
+    std::function<void(int, int, int)> answer;
+};
+
+std::unique_ptr<Chart> chartOf(AnsweringHost& host)
+{
+    auto chart = std::make_unique<Chart>(600, 325);
+    chart->removeReceiver(&chart->sink);
+    chart->addReceiver(&host);
+    chart->fill(10, 10, 9);
+    chart->quotes({2, 5});
+    return chart;
+}
+
+} // namespace
+
+TEST(ChartHost, MayCloseTheChartWhenItHearsOfASelection)
+{
+    for (const int wanted : {3224, 3227}) {
+        for (const bool columns : {true, false}) {
+            for (const bool byKey : {true, false}) {
+                AnsweringHost host;
+                std::unique_ptr<Chart> chart = chartOf(host);
+                chart->m_columnMode = columns;
+                host.answer = [&](int id, int, int) {
+                    if (id == wanted)
+                        chart.reset();
+                };
+                Chart* const pressed = chart.get();
+                if (byKey) {
+                    QKeyEvent key(QEvent::KeyPress, Qt::Key_Right, Qt::NoModifier);
+                    QApplication::sendEvent(pressed, &key);
+                } else {
+                    pressed->press(QPoint(100, 100));
+                    QMouseEvent move(QEvent::MouseMove, QPoint(500, 200), Qt::NoButton, Qt::LeftButton,
+                                     Qt::NoModifier);
+                    QApplication::sendEvent(pressed, &move);
+                    if (chart) {
+                        QMouseEvent release(QEvent::MouseButtonRelease, QPoint(500, 200), Qt::LeftButton,
+                                            Qt::NoButton, Qt::NoModifier);
+                        QApplication::sendEvent(pressed, &release);
+                    }
+                }
+                const bool isSent = wanted == 3224 || (!columns && !byKey);
+                EXPECT_EQ(chart == nullptr, isSent) << wanted << columns << byKey;
+                host.answer = [](int, int, int) {};
+            }
+        }
+    }
+}
+
+TEST(ChartHost, MayAnswerASelectionByTellingTheChartOfIt)
+{
+    AnsweringHost host;
+    std::unique_ptr<Chart> chart = chartOf(host);
+    chart->m_columnMode = false;
+    int events = 0;
+    host.answer = [&](int id, int first, int second) {
+        ++events;
+        if (id == 3224)
+            chart->highlightTransactionSeq(second);
+        else
+            chart->setViewTimeRange(first, second);
+    };
+    chart->press(QPoint(100, 100));
+    chart->move(QPoint(500, 200));
+    chart->release(QPoint(500, 200));
+    EXPECT_EQ(events, 2) << "no echo";
+    EXPECT_EQ(chart->m_dealRightX.firstKey(), 1);
+    EXPECT_EQ(chart->m_dealRightX.lastKey(), 8);
+}
+
 // Wheel
 // ---------------------------------------------------------------------------------------------------------------
 
