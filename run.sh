@@ -14,6 +14,7 @@ here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 say() { echo "== $*" >&2; }
 
 program=depth-terminal
+given=$#
 if [[ "${1:-}" == "depth" ]]; then
   program=depth
   shift
@@ -32,6 +33,11 @@ if ! { (cd "$here" && cmake --preset release -B "$build" -DDEPTH_BUILD_TESTS=OFF
   exit 2
 fi
 binary="$build/apps/$program/$program"
+
+# Local tables for two instruments of the simulated exchange, unless other ones are named.
+if [[ "$program" == "depth-terminal" && " $* " != *" --external-data"* ]]; then
+  set -- "$@" --external-data "$here/examples/external_data"
+fi
 
 # Whether the arguments open a window at all.
 opens_window() {
@@ -57,22 +63,24 @@ shots() { # NAME ARGS...: one picture in each theme
   local name=$1 theme
   shift
   for theme in dark light; do
-    "$binary" --at 10:30 "$@" --theme "$theme" --shot "$pictures/$name-$theme.png"
+    "$binary" --at 10:30 --external-data "$here/examples/external_data" "$@" --theme "$theme" --shot "$pictures/$name-$theme.png"
     say "$pictures/$name-$theme.png"
   done
 }
-if (($# > 0)); then
+if ((given > 0)); then
   "$binary" "$@" --shot "$pictures/terminal.png"
   say "$pictures/terminal.png"
   exit 0
 fi
-shots simulated --mode ten,first
-shots simulated-horizontal --mode ten,horizontal
-shots simulated-list --mode ten,list,full
+shots queue-desk --layout queue
+shots tick-desk --layout tick
+shots chart-desk --layout chart
+shots list --mode ten,list,full
 day="${DEPTH_SHARED_DATA:-$here/../shared/data}/600519-20230201"
 if [[ -d "$day" ]]; then
-  shots recorded --import auto "$day" --mode ten,first
-  shots recorded-vertical --import auto "$day" --mode ten,vertical,full
+  shots recorded-queue-desk --import auto "$day" --layout queue --mode ten,horizontal
+  shots recorded-tick-desk --import auto "$day" --layout tick
+  shots recorded-chart-desk --import auto "$day" --layout chart
 else
   say "no recorded day at $day"
 fi

@@ -132,9 +132,9 @@ static void BM_DrawGraph(benchmark::State& state)
 }
 BENCHMARK(BM_DrawGraph)
     ->ArgNames({"deals", "last_0_all_1_fit_2"})
-    ->Args({100000, 0})
-    ->Args({100000, 1})
-    ->Args({100000, 2})
+    ->Args({110000, 0})
+    ->Args({110000, 1})
+    ->Args({110000, 2})
     ->Args({1000000, 2})
     ->Unit(benchmark::kMillisecond);
 
@@ -149,7 +149,7 @@ static void BM_DrawGraphShapeByShape(benchmark::State& state)
     for (auto _ : state)
         chart.drawGraph();
 }
-BENCHMARK(BM_DrawGraphShapeByShape)->ArgName("deals")->Arg(100000)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_DrawGraphShapeByShape)->ArgName("deals")->Arg(110000)->Unit(benchmark::kMillisecond);
 
 /// A move over the chart and the repaint with the box.
 static void BM_MouseMoveWithTheBox(benchmark::State& state)
@@ -172,8 +172,8 @@ static void BM_MouseMoveWithTheBox(benchmark::State& state)
 }
 BENCHMARK(BM_MouseMoveWithTheBox)
     ->ArgNames({"deals", "all"})
-    ->Args({100000, 0})
-    ->Args({100000, 1})
+    ->Args({110000, 0})
+    ->Args({110000, 1})
     ->Unit(benchmark::kMicrosecond);
 
 /// The view brought up to a live batch, with the last 300 deals or all in view.

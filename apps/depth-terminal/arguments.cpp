@@ -44,6 +44,14 @@ const std::map<std::string, Zeb::EPriceColors>& priceColors()
     return names;
 }
 
+std::string kindNames()
+{
+    std::string names;
+    for (const std::string& kind : host::simulatedKinds())
+        names += (names.empty() ? "" : ", ") + kind;
+    return names;
+}
+
 std::vector<std::string> layoutIds()
 {
     std::vector<std::string> ids;
@@ -63,10 +71,8 @@ void addSource(CLI::App& app, host::DaySource& source, Texts& texts)
         ->check(CLI::NonNegativeNumber)
         ->type_name("N");
     group->require_option(0, 1);
-    app.add_option(
-           "--instrument", source.instrument,
-           "Shown first: code, key, or of the simulated exchange a kind (stock, shenzhen, growth, fund, "
-           "bond, repurchase)")
+    app.add_option("--instrument", source.instrument,
+                   "Shown first: code, key, or of the simulated exchange a kind (" + kindNames() + ")")
         ->type_name("CODE");
     app.add_option("--style", source.style,
                    "Of the simulated exchange: tick, or level for days without orders")

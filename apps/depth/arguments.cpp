@@ -72,10 +72,9 @@ struct SourceArguments
             ->type_name("LAYOUT PATH");
         seed = addSeed(*group, source, "A simulated day");
         group->require_option(1);
-        command.add_option(
-            "--instrument", source.instrument,
-            "Instrument of the day by its code; with --seed its kind: stock, shenzhen, growth, fund, "
-            "bond, repurchase");
+        command.add_option("--instrument", source.instrument,
+                           "Instrument of the day by its code; with --seed its kind: " +
+                               CLI::detail::join(host::simulatedKinds(), ", "));
         addStyle(command, source, "With --seed: tick, or level for a day without orders")->needs(seed);
         addOrders(command, "--day-orders", source, "With --seed: orders of the day")->needs(seed);
         addDate(command, source, "Trading day yyyymmdd, of a simulated or imported day");

@@ -13,6 +13,7 @@
 #include <QCursor>
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPointer>
 #include <QWheelEvent>
 
 #include <algorithm>
@@ -87,18 +88,20 @@ void CDepthHolographicWidget::slotSetFullHeightHandle()
 // ------------------------------------------------------------------------------------------------------------------------
 
 /// Tells the host where the cursor is, if it is somewhere.
-void CDepthHolographicWidget::sendCursor()
+bool CDepthHolographicWidget::sendCursor()
 {
     if (m_cursorSeq == -1)
-        return;
+        return true;
     int time = m_columnMode ? m_model->getCurrQuoterTimgtag(m_cursorSeq) : -1;
     if (!m_columnMode) {
         const auto deal = m_model->getData(m_cursorSeq);
         if (!deal)
-            return;
+            return true;
         time = deal->time;
     }
+    const QPointer<CDepthHolographicWidget> self = this;
     deliverEvent(kEventDealSelected, kFromChart, m_cursorSeq, QString::number(time), nullptr);
+    return self != nullptr;
 }
 
 void CDepthHolographicWidget::middleCurrDeal(int seq)
@@ -109,7 +112,7 @@ void CDepthHolographicWidget::middleCurrDeal(int seq)
     const int row = truncateToInt((m_model->maxPrice - deal->price) / m_priceTick + 0.5);
     if (row >= m_scrollRow && row <= std::int64_t(m_scrollRow) + m_pageRows)
         return;
-    m_scrollRow = std::max(0, row - m_pageRows / 2);
+    m_scrollRow = clampToInt(std::max<std::int64_t>(0, std::int64_t(row) - m_pageRows / 2));
     m_scrollBar->setValue(m_scrollRow);
     drawGraph();
     update();
@@ -177,13 +180,14 @@ void CDepthHolographicWidget::moveCursorByKey(bool left)
         m_cursorSeq = left ? std::max(m_cursorSeq, 1) - 1 : std::min(m_cursorSeq, m_model->lastSeq - 1) + 1;
 
     if (m_columnMode) {
-        sendCursor();
+        if (!sendCursor())
+            return;
         drawGraph();
         update();
     } else {
         update();
-        sendCursor();
-        middleCurrDeal(m_cursorSeq);
+        if (sendCursor())
+            middleCurrDeal(m_cursorSeq);
     }
 }
 
@@ -276,24 +280,29 @@ void CDepthHolographicWidget::mouseReleaseEvent(QMouseEvent* event)
     if (m_dragging) {
         m_dragging = false;
         setCursor(Qt::ArrowCursor);
-    } else if (m_selecting) {
-        endSelection();
+    } else if (m_selecting && !endSelection()) {
+        return;
     }
-    sendCursor();
+    if (!sendCursor())
+        return;
     if (m_columnMode)
         drawGraph();
     update();
 }
 
-void CDepthHolographicWidget::endSelection()
+bool CDepthHolographicWidget::endSelection()
 {
     if (m_selectRect.width() > kLeastRangeWidth) {
+        const QPointer<CDepthHolographicWidget> self = this;
         sendSelectedRange();
+        if (!self)
+            return false;
         if (m_halfRow < m_baseHalfRow)
             setFullHeightChagne(std::min(m_baseHalfRow - m_halfRow, kRowGrowth));
     }
     m_selecting = false;
     m_selectRect = QRect();
+    return true;
 }
 
 void CDepthHolographicWidget::sendSelectedRange()

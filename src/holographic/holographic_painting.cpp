@@ -132,7 +132,7 @@ void CDepthHolographicWidget::paintEvent(QPaintEvent*)
     if (m_canvas.isNull())
         return;
     QPainter painter(this);
-    painter.drawPixmap(m_widgetRect, m_canvas);
+    painter.drawPixmap(m_widgetRect.topLeft(), m_canvas);
     drawOverlays(painter);
 }
 

@@ -4,6 +4,7 @@
 #include "feed/csv/values.h"
 #include "feed/import/importDay.h"
 #include "feed/simulation/SimulatedExchange.h"
+#include "feed/simulation/instrument_kinds.h"
 #include "host/terminal.h"
 
 #include <algorithm>
@@ -12,16 +13,20 @@
 namespace host {
 namespace {
 
-struct Kind
+/// The kinds of the mainland's stock exchanges, and behind them one of each other market.
+const std::vector<feed::InstrumentKind>& kinds()
 {
-    const char* name;
-    feed::SimulationSettings (*make)(std::uint64_t seed);
-};
-
-constexpr Kind kKinds[] = {
-    {"stock", feed::shanghaiStock}, {"shenzhen", feed::shenzhenStock}, {"growth", feed::growthBoardStock},
-    {"fund", feed::fund},           {"bond", feed::convertibleBond},   {"repurchase", feed::repurchase},
-};
+    static const std::vector<feed::InstrumentKind> all = [] {
+        std::vector<feed::InstrumentKind> list = {
+            {"stock", feed::shanghaiStock},     {"shenzhen", feed::shenzhenStock},
+            {"growth", feed::growthBoardStock}, {"fund", feed::fund},
+            {"bond", feed::convertibleBond},    {"repurchase", feed::repurchase},
+        };
+        list.insert(list.end(), feed::instrumentKinds().begin(), feed::instrumentKinds().end());
+        return list;
+    }();
+    return all;
+}
 
 bool isAskedFor(const nelservice::CInstrumentDetail& detail, const std::string& instrument)
 {
@@ -114,7 +119,7 @@ const std::vector<std::string>& simulatedKinds()
 {
     static const std::vector<std::string> names = [] {
         std::vector<std::string> list;
-        for (const Kind& kind : kKinds)
+        for (const feed::InstrumentKind& kind : kinds())
             list.emplace_back(kind.name);
         return list;
     }();
@@ -123,10 +128,10 @@ const std::vector<std::string>& simulatedKinds()
 
 bool simulationSettings(const DaySource& source, feed::SimulationSettings& settings, std::string& error)
 {
-    const std::string name = source.instrument.empty() ? kKinds[0].name : source.instrument;
+    const std::string name = source.instrument.empty() ? kinds().front().name : source.instrument;
     const auto kind =
-        std::find_if(std::begin(kKinds), std::end(kKinds), [&](const Kind& one) { return name == one.name; });
-    if (kind == std::end(kKinds)) {
+        std::find_if(kinds().begin(), kinds().end(), [&](const auto& one) { return name == one.name; });
+    if (kind == kinds().end()) {
         error = "no kind of simulated instrument is called " + name + "; there are: ";
         for (const std::string& one : simulatedKinds())
             error += one + (one == simulatedKinds().back() ? "" : ", ");

@@ -231,6 +231,15 @@ TEST_F(LongLadder, ADealThatDoesNotExistMovesNothing)
     EXPECT_EQ(chart.m_scrollRow, 20);
 }
 
+TEST_F(LongLadder, ADealFarAboveTheViewMovesItToTheTop)
+{
+    chart.setViewTimeRange(tag(10, 0, 0), tag(10, 0, 49));
+    chart.m_scrollBar->setValue(20);
+    chart.add({{501, 502, 1e9, 1, 0, 100}});
+    chart.middleCurrDeal(50);
+    EXPECT_EQ(chart.m_scrollRow, 0);
+}
+
 TEST_F(LongLadder, ALadderThatFitsIsNotMoved)
 {
     chart.slotAdjustHeight();

@@ -2,9 +2,6 @@
 
 #include "Chart.h"
 
-#include <QLineEdit>
-#include <QTimer>
-
 using namespace testing_support;
 using namespace Kel;
 
@@ -385,6 +382,92 @@ TEST_F(ChartMouse, TheBoxIsSeenOverThePicture)
     EXPECT_EQ(chart.grab().toImage(), before);
 }
 
+// Hosts
+// ---------------------------------------------------------------------------------------------------------------
+
+namespace {
+
+/// Answers an event by what it is told to do.
+class AnsweringHost : public Zeb::CEventHandler
+{
+public:
+    bool handleEvent(int id, int first, int second, QString, void*) override
+    {
+        answer(id, first, second);
+        return true;
+    }
+
+    std::function<void(int, int, int)> answer;
+};
+
+std::unique_ptr<Chart> chartOf(AnsweringHost& host)
+{
+    auto chart = std::make_unique<Chart>(600, 325);
+    chart->removeReceiver(&chart->sink);
+    chart->addReceiver(&host);
+    chart->fill(10, 10, 9);
+    chart->quotes({2, 5});
+    return chart;
+}
+
+} // namespace
+
+TEST(ChartHost, MayCloseTheChartWhenItHearsOfASelection)
+{
+    for (const int wanted : {3224, 3227}) {
+        for (const bool columns : {true, false}) {
+            for (const bool byKey : {true, false}) {
+                AnsweringHost host;
+                std::unique_ptr<Chart> chart = chartOf(host);
+                chart->m_columnMode = columns;
+                host.answer = [&](int id, int, int) {
+                    if (id == wanted)
+                        chart.reset();
+                };
+                Chart* const pressed = chart.get();
+                if (byKey) {
+                    QKeyEvent key(QEvent::KeyPress, Qt::Key_Right, Qt::NoModifier);
+                    QApplication::sendEvent(pressed, &key);
+                } else {
+                    pressed->press(QPoint(100, 100));
+                    QMouseEvent move(QEvent::MouseMove, QPoint(500, 200), Qt::NoButton, Qt::LeftButton,
+                                     Qt::NoModifier);
+                    QApplication::sendEvent(pressed, &move);
+                    if (chart) {
+                        QMouseEvent release(QEvent::MouseButtonRelease, QPoint(500, 200), Qt::LeftButton,
+                                            Qt::NoButton, Qt::NoModifier);
+                        QApplication::sendEvent(pressed, &release);
+                    }
+                }
+                const bool isSent = wanted == 3224 || (!columns && !byKey);
+                EXPECT_EQ(chart == nullptr, isSent) << wanted << columns << byKey;
+                host.answer = [](int, int, int) {};
+            }
+        }
+    }
+}
+
+TEST(ChartHost, MayAnswerASelectionByTellingTheChartOfIt)
+{
+    AnsweringHost host;
+    std::unique_ptr<Chart> chart = chartOf(host);
+    chart->m_columnMode = false;
+    int events = 0;
+    host.answer = [&](int id, int first, int second) {
+        ++events;
+        if (id == 3224)
+            chart->highlightTransactionSeq(second);
+        else
+            chart->setViewTimeRange(first, second);
+    };
+    chart->press(QPoint(100, 100));
+    chart->move(QPoint(500, 200));
+    chart->release(QPoint(500, 200));
+    EXPECT_EQ(events, 2) << "no echo";
+    EXPECT_EQ(chart->m_dealRightX.firstKey(), 1);
+    EXPECT_EQ(chart->m_dealRightX.lastKey(), 8);
+}
+
 // Wheel
 // ---------------------------------------------------------------------------------------------------------------
 
@@ -420,110 +503,4 @@ TEST_F(ChartMouse, TheWheelAtTheEndsIsTakenAndMovesNothing)
     chart.m_scrollBar->setValue(chart.m_scrollBar->maximum());
     EXPECT_TRUE(chart.wheel(-120));
     EXPECT_EQ(chart.m_scrollRow, chart.m_scrollBar->maximum());
-}
-
-// Menu
-// ----------------------------------------------------------------------------------------------------------------
-
-TEST_F(ChartMouse, TheMenuHasItsEntriesInOrder)
-{
-    QStringList texts;
-    for (const QAction* const action : chart.m_menu->actions())
-        texts += action->text();
-    EXPECT_EQ(texts, (QStringList{QStringLiteral("设置全高手数"), QStringLiteral("放大成交高度  CTRL+↑"),
-                                  QStringLiteral("减小成交高度  CTRL+↓"), QStringLiteral("调整成交高度")}));
-}
-
-TEST_F(ChartMouse, TheMenuOpensAtTheCursor)
-{
-    QCursor::setPos(chart.mapToGlobal(QPoint(40, 50)));
-    QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(40, 50), chart.mapToGlobal(QPoint(40, 50)));
-    QApplication::sendEvent(&chart, &event);
-    EXPECT_TRUE(chart.m_menu->isVisible());
-    EXPECT_EQ(chart.m_menu->pos(), QCursor::pos());
-    chart.m_menu->close();
-}
-
-TEST_F(ChartMouse, TheMenuChangesTheRows)
-{
-    const auto actions = chart.m_menu->actions();
-    actions[1]->trigger();
-    EXPECT_EQ(chart.m_halfRow, 13);
-    actions[2]->trigger();
-    actions[2]->trigger();
-    EXPECT_EQ(chart.m_halfRow, 11);
-    actions[3]->trigger();
-    EXPECT_EQ(chart.m_halfRow, 12) << "ten rows fit";
-    chart.fill(60, 40);
-    actions[3]->trigger();
-    EXPECT_EQ(chart.m_rowHeight, 325 / 40);
-}
-
-namespace {
-
-/// Opens the dialog from the menu, types and ends it.
-class FullHeight : public ChartMouse
-{
-protected:
-    void enter(const QString& text, bool confirm)
-    {
-        QTimer::singleShot(0, &chart, [&] {
-            auto* const dialog = chart.m_fullHeightDialog;
-            ASSERT_NE(dialog, nullptr);
-            shown = dialog->text();
-            title = dialog->windowTitle();
-            auto* const edit = dialog->findChild<QLineEdit*>();
-            edit->selectAll();
-            QTest::keyClicks(edit, text);
-            QTest::keyClick(dialog, confirm ? Qt::Key_Return : Qt::Key_Escape);
-            if (dialog->isVisible()) {
-                refused = true;
-                dialog->reject();
-            }
-        });
-        chart.m_menu->actions()[0]->trigger();
-    }
-
-    QString shown;
-    QString title;
-    bool refused = false;
-};
-
-} // namespace
-
-TEST_F(FullHeight, IsAskedForAndDrawnAtTheNextTick)
-{
-    EXPECT_EQ(chart.m_fullHeightDialog, nullptr);
-    enter(QStringLiteral("25"), true);
-    EXPECT_EQ(shown, QStringLiteral("500"));
-    EXPECT_EQ(title, QStringLiteral("设置全高手数"));
-    EXPECT_EQ(chart.m_model->fullHeightHand, 25);
-    EXPECT_TRUE(chart.m_model->dirty);
-    auto* const first = chart.m_fullHeightDialog;
-    enter(QStringLiteral("30"), true);
-    EXPECT_EQ(chart.m_fullHeightDialog, first) << "made once";
-    EXPECT_EQ(shown, QStringLiteral("25"));
-    EXPECT_EQ(chart.m_model->fullHeightHand, 30);
-}
-
-TEST_F(FullHeight, ACancelChangesNothing)
-{
-    enter(QStringLiteral("25"), false);
-    EXPECT_EQ(chart.m_model->fullHeightHand, 500);
-    EXPECT_FALSE(chart.m_model->dirty);
-}
-
-TEST_F(FullHeight, HasItsBounds)
-{
-    enter(QStringLiteral("4"), true);
-    EXPECT_EQ(chart.m_model->fullHeightHand, 4);
-    enter(QStringLiteral("2000"), true);
-    EXPECT_EQ(chart.m_model->fullHeightHand, 2000);
-    EXPECT_FALSE(refused);
-    enter(QStringLiteral("3"), true);
-    EXPECT_TRUE(refused);
-    EXPECT_EQ(chart.m_model->fullHeightHand, 2000);
-    // The last digit of a number that is too high cannot be typed.
-    enter(QStringLiteral("2001"), true);
-    EXPECT_EQ(chart.m_model->fullHeightHand, 200);
 }

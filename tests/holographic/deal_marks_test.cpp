@@ -136,6 +136,16 @@ TEST_P(DealMarks, AFlatBarHasNoNumber)
     EXPECT_EQ(numbers().size(), 1u);
 }
 
+TEST_P(DealMarks, LowRowsHaveNoNumbersHoweverLargeTheOrders)
+{
+    show({deal(1, 10, 25), deal(1, 10, 5)}, 900);
+    EXPECT_EQ(numbers().size(), 1u);
+    chart->setFullHeightChagne(-2);
+    EXPECT_EQ(numbers().size(), 1u) << "ten pixels, measured by the usual row";
+    chart->setFullHeightChagne(-1);
+    EXPECT_TRUE(numbers().empty());
+}
+
 TEST_P(DealMarks, ABarHasToBeWiderThanItsNumberAndTwoPixels)
 {
     Chart probe;

@@ -131,10 +131,8 @@ void ReplaySession::startAt(std::int64_t timeMs)
         pass(to, kind, time);
     m_loaded = false;
     deliverHistory(to);
-    if (to.snapshots > 0) {
-        m_sink.onQuotes(m_key, m_quoteCalls++, kStatusSnapshot,
-                        {makeRecord(m_day.snapshots[to.snapshots - 1], m_options.volumeUnit)});
-    }
+    if (to.snapshots > 0)
+        m_sink.onQuotes(m_key, m_quoteCalls++, kStatusSnapshot, snapshotHistory(to.snapshots));
     if (to.queues > 0) {
         m_sink.onQuotes(m_key, m_quoteCalls++, kStatusFirst,
                         {makeRecord(m_day.queues[to.queues - 1], m_options.volumeUnit)});
@@ -144,6 +142,17 @@ void ReplaySession::startAt(std::int64_t timeMs)
     else if (!m_day.ladders.empty())
         m_sink.onLadders(m_key, m_ladderCalls++, kStatusFirst, wrapped({}, m_day.detail));
     m_at = to;
+}
+
+/// Of the first `count` snapshots those that a start delivers; at least one.
+quoter::QuoterBatch ReplaySession::snapshotHistory(std::size_t count) const
+{
+    const std::size_t first = m_options.allSnapshots ? 0 : count - 1;
+    quoter::QuoterBatch batch;
+    batch.reserve(count - first);
+    for (std::size_t at = first; at < count; ++at)
+        batch.push_back(makeRecord(m_day.snapshots[at], m_options.volumeUnit));
+    return batch;
 }
 
 void ReplaySession::start()

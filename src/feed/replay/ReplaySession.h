@@ -17,6 +17,7 @@ struct ReplayOptions
     std::size_t mostLiveOrders = 100; ///< orders of a live batch, 1 to 100: more would count as history
     std::int64_t flushInterval = 100; ///< milliseconds of feed time that are delivered together; at least 1
     double volumeUnit = 0;            ///< shares per lot; 0 for the unit of the instrument
+    bool allSnapshots = false; ///< a start delivers all snapshots so far in one batch, not just the latest
 };
 
 /// Plays a day into a sink as a quote service would: history in large batches, then live batches.
@@ -30,8 +31,9 @@ struct ReplayOptions
 /// of deals. So a queue that matches orders against deals has all deals when the orders come. As long as
 /// there are no orders, none are announced: a style of feed without orders stays one. (A receiver tells the
 /// styles apart by whether it holds an order of a history load, so a load whose orders have all ended must be
-/// repeated.) Published queues, snapshots and ladders follow: the latest of each. Before the first ladder of
-/// a day that has some, an empty batch of status 0 takes away what a receiver may still show.
+/// repeated.) Published queues, snapshots and ladders follow: the latest of each, or on wish all snapshots,
+/// for receivers that compare them. Before the first ladder of a day that has some, an empty batch of status
+/// 0 takes away what a receiver may still show.
 ///
 /// Live, each interval of feed time is delivered in one go: orders, deals, published queues, snapshots,
 /// ladders.
@@ -107,6 +109,7 @@ private:
     void deliverHistory(const Position& to);
     void sendOrders(std::size_t from, std::size_t to, int status);
     void sendDeals(std::size_t from, std::size_t to, int status);
+    quoter::QuoterBatch snapshotHistory(std::size_t count) const;
     void sendLadder(std::size_t at, int status);
     template <class Send>
     void sendHistory(std::size_t count, Send send);

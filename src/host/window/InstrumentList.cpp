@@ -9,8 +9,8 @@ namespace {
 
 constexpr int kRestMs = 150;   // the cursor rests when it has not moved for so long
 constexpr int kRowHeight = 26; // pixels
-constexpr int kCodeWidth = 66;
-constexpr int kPriceWidth = 66;
+constexpr int kCodeWidth = 60;
+constexpr int kPriceWidth = 64;
 constexpr int kCellPadding = 20; // left and right of a text together
 const QString kWidestChange = QStringLiteral("+1000.00%");
 

@@ -177,6 +177,8 @@ void MainWindow::connectActions()
     connect(m_wiring.queue, &QueueCell::modesChanged, this,
             [this] { m_actions->showModes(m_wiring.queue->modes()); });
     connect(m_actions, &TerminalActions::layoutChosen, this, &MainWindow::applyLayout);
+    connect(m_actions, &TerminalActions::filterAsked, this, &MainWindow::filterList);
+    connect(m_actions, &TerminalActions::stripAsked, m_wiring.deals, &DealsPane::toggleStrip);
     connect(m_actions, &TerminalActions::copyAsked, this, &MainWindow::copySelection);
     connect(m_actions, &TerminalActions::tableAsked, this, &MainWindow::exportTable);
     connect(m_actions, &TerminalActions::pictureAsked, this, &MainWindow::exportPicture);
@@ -282,6 +284,8 @@ void MainWindow::onHalted(int number)
         pane->setDay(m_day);
     for (Pane* pane : m_panes)
         pane->setInstrument(TerminalServices::keyOf(m_day->detail));
+    if (!m_information->failure().isEmpty())
+        m_messages->showError(m_information->failure());
     m_player->begin(number);
 }
 
@@ -348,6 +352,8 @@ void MainWindow::followReplay()
     const std::int64_t now = m_player->now();
     m_bar->setMoment(now);
     m_list->instruments().setMoment(now);
+    for (Pane* pane : m_panes)
+        pane->follow();
     if (!m_closeAsked && m_close >= 0 && now >= m_close) {
         m_closeAsked = true;
         m_wiring.queue->panel().onPostTradeClosed(TerminalServices::keyOf(m_day->detail),

@@ -101,6 +101,7 @@ private:
     void openFolder(bool archive);
     void takeModes(const QueueModes& modes);
     void applyLayout(const QString& id);
+    void filterList();
     void copySelection();
     void exportTable(bool gbk);
     void exportPicture();

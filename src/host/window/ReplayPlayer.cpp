@@ -78,6 +78,7 @@ private:
         m_clock.jumpTo(at, realMs());
         feed::ReplayOptions options;
         options.historyBatch = kHistoryBatch;
+        options.allSnapshots = true; // quote panels and charts look at the ones before
         m_session = std::make_unique<feed::ReplaySession>(*m_day, m_player.m_sink, options);
         m_session->startAt(at);
         net::RPCEngine::drain(kEngineStrand);

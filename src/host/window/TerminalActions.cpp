@@ -180,6 +180,11 @@ void TerminalActions::makePaneMenu()
         connect(action, &QAction::triggered, this, [this, id = layout.id] { Q_EMIT layoutChosen(id); });
     }
     menu->addSeparator();
+    connect(add(menu, "filter", QStringLiteral("筛选逐笔列表…"), QStringLiteral("Ctrl+L")),
+            &QAction::triggered, this, &TerminalActions::filterAsked);
+    connect(add(menu, "strip", QStringLiteral("全息条"), QStringLiteral("Ctrl+H")), &QAction::triggered, this,
+            &TerminalActions::stripAsked);
+    menu->addSeparator();
     connect(add(menu, "copy", QStringLiteral("复制选中行"), QStringLiteral("Ctrl+C")), &QAction::triggered,
             this, &TerminalActions::copyAsked);
     connect(add(menu, "csvUtf8", QStringLiteral("导出 CSV（UTF-8）…"), QStringLiteral("Ctrl+E")),

@@ -36,6 +36,8 @@ public:
 
 Q_SIGNALS:
     void layoutChosen(const QString& id);
+    void filterAsked();
+    void stripAsked();
     void copyAsked();
     void tableAsked(bool gbk);
     void pictureAsked();

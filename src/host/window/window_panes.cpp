@@ -4,6 +4,7 @@
 
 #include "host/window/MessageBar.h"
 #include "host/window/TerminalActions.h"
+#include "host/window/panes/DealsPane.h"
 #include "host/window/panes/EntrustPane.h"
 #include "host/window/panes/LadderPane.h"
 #include "host/window/panes/LevelPane.h"
@@ -18,6 +19,7 @@
 #include "thousand/CSingleQueueWidget.h"
 #include "tick/CDepthEntrustWidget.h"
 #include "tick/CDepthOrderWidget.h"
+#include "tick/CDepthTransactionWidget.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -52,6 +54,15 @@ void MainWindow::applyLayout(const QString& id)
 {
     if (const Layout* layout = shippedLayout(id))
         m_workspace->apply(*layout);
+}
+
+/// Of the orders if they were used last, else of the deals.
+void MainWindow::filterList()
+{
+    if (m_workspace->currentPane() == m_wiring.orders)
+        m_wiring.orders->panel().doFilter();
+    else
+        m_wiring.deals->panel().doFilter();
 }
 
 void MainWindow::copySelection()

@@ -16,8 +16,22 @@ Zeb::CUiResource& theme()
 // %10 error ground, %11 note ground, %12 message text, %13 popup ground, %14 slider of scroll bars,
 // %15 pressed, %16 arrow of a choice, %17 check mark
 const char* const kSheet = R"(
-QMainWindow, QSplitter { background: %1; }
-QSplitter::handle { background: %3; }
+QMainWindow { background: %1; }
+QMainWindow::separator { background: %3; width: 3px; height: 3px; }
+QMainWindow::separator:hover { background: %6; }
+#PaneTitle { background: %2; border-bottom: 1px solid %3; }
+#PaneTitle QLabel { color: %5; background: transparent; }
+#PaneTitle QToolButton { border: 0; padding: 0; }
+#Workspace QTabBar { background: %1; qproperty-drawBase: 0; }
+#Workspace QTabBar::tab { background: %1; color: %5; border: 0; border-top: 2px solid transparent;
+                          padding: 4px 12px; }
+#Workspace QTabBar::tab:selected { background: %2; color: %4; border-top-color: %6; }
+#Workspace QTabBar::tab:hover { color: %4; }
+#LevelRoom, #TicketRoom, #LevelColumn, #TicketColumn { background: %1; }
+#OrderTicket { background: %2; border-top: 1px solid %3; }
+#OrderTicket QLabel { color: %5; background: transparent; }
+#OrderTicket QLabel[field="true"] { color: %4; background: %9; border: 1px solid %3; border-radius: 4px;
+                                    padding: 3px 6px; }
 QMenuBar { background: %2; color: %4; border-bottom: 1px solid %3; padding: 1px 4px; }
 QMenuBar::item { background: transparent; padding: 4px 9px; border-radius: 3px; }
 QMenuBar::item:selected { background: %8; }
@@ -56,6 +70,7 @@ QComboBox QAbstractItemView { background: %13; color: %4; border: 1px solid %3; 
                               selection-background-color: %8; selection-color: %4; }
 QTableView { background: %1; color: %4; border: 0; outline: 0; selection-background-color: %7; }
 QTableView::item { padding: 0 6px; border: 0; }
+#Pane_information QTableView::item { padding: 0 1px; }
 QTableView::item:hover { background: %8; }
 QTableView::item:selected { background: %7; }
 QHeaderView { background: %2; border: 0; }
@@ -64,8 +79,12 @@ QProgressBar { background: %9; color: %4; border: 1px solid %3; border-radius: 4
                min-height: 20px; }
 QProgressBar::chunk { background: %7; border-radius: 3px; }
 QToolTip { background: %13; color: %4; border: 1px solid %3; padding: 3px; }
+#LevelRoom QScrollBar:vertical, #TicketRoom QScrollBar:vertical,
 #InstrumentList QScrollBar:vertical { background: %1; width: 8px; margin: 1px; border: 0; }
+#LevelRoom QScrollBar::handle:vertical, #TicketRoom QScrollBar::handle:vertical,
 #InstrumentList QScrollBar::handle:vertical { background: %14; min-height: 24px; border-radius: 3px; }
+#LevelRoom QScrollBar::add-line:vertical, #LevelRoom QScrollBar::sub-line:vertical,
+#TicketRoom QScrollBar::add-line:vertical, #TicketRoom QScrollBar::sub-line:vertical,
 #InstrumentList QScrollBar::add-line:vertical, #InstrumentList QScrollBar::sub-line:vertical { height: 0; }
 )";
 

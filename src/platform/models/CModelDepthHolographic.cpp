@@ -15,6 +15,8 @@ namespace Kel {
 
 namespace {
 
+constexpr int kStatusSnapshot = -1; ///< snapshots as they come
+
 /// Deals that are read while the lock is held.
 constexpr int kSlice = 4096;
 
@@ -64,7 +66,7 @@ void CModelDepthHolographic::clear()
 void CModelDepthHolographic::quoterCallback(int, int status,
                                             const boost::shared_ptr<MetaCacheDataWrapper>& data)
 {
-    if (!isOwn(data) || !isBatchStatus(status))
+    if (!isOwn(data) || (status != kStatusSnapshot && !isBatchStatus(status)))
         return;
     std::vector<std::int32_t> seconds;
     for (const quoter::QuoterBasePtr& record : data->data) {
@@ -77,7 +79,9 @@ void CModelDepthHolographic::quoterCallback(int, int status,
     bool changed = false;
     {
         const std::lock_guard<std::mutex> lock(m_quoteMutex);
-        if (status == kStatusAnew && !m_quotes.isEmpty()) {
+        // Published queues come on the same line: a first batch of those says nothing of snapshots.
+        const bool anew = status == kStatusAnew && (data->data.empty() || !seconds.empty());
+        if (anew && !m_quotes.isEmpty()) {
             m_quotes.clear();
             changed = true;
         }

@@ -36,8 +36,8 @@ struct DEPTH_EXPORT HolographicDeal : DepthTransData
 /// second of its last deal. Snapshots without a deal between them make no interval of their own. Before the
 /// first snapshot has come there are no intervals.
 ///
-/// Snapshots come through `quoterCallback`; batches of status 0 replace those before, 1, 2 and 3 add. Late
-/// and repeated ones are sorted in.
+/// Snapshots come through `quoterCallback`; batches of status 0 replace those before, -1, 1, 2 and 3 add.
+/// Late and repeated ones are sorted in.
 ///
 /// Threads: as of the base class, callbacks on any thread; the public fields that are not atomic and all
 /// other operations of this class on the thread of the interface.

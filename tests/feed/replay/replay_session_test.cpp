@@ -74,6 +74,21 @@ TEST(ReplaySession, HistoryIsDealsThenOrdersThenAnEmptyLiveDealBatchThenTheLates
     EXPECT_TRUE(sink.keysAgree());
 }
 
+TEST(ReplaySession, AStartDeliversAllSnapshotsSoFarToThoseWhoWishIt)
+{
+    const InstrumentDay day = dayOf("s100 d150 s160 q170 s250 s300 s400");
+    RecordingSink sink;
+    ReplayOptions options;
+    options.allSnapshots = true;
+    ReplaySession session(day, sink, options);
+    session.startAt(300);
+    EXPECT_THAT(sink.take(), Contains("snapshot 0 s-1 100:1 160:3 250:5 300:6"));
+    session.advanceTo(400);
+    EXPECT_THAT(sink.take(), ElementsAre("snapshot 2 s-1 400:7"));
+    session.startAt(99);
+    EXPECT_THAT(sink.take(), Not(Contains(HasSubstr("snapshot"))));
+}
+
 TEST(ReplaySession, LargeHistoryGoesOutInBatchesOfWhichNoneLooksLive)
 {
     InstrumentDay day = dayOf("");

@@ -1,4 +1,4 @@
-// The helpers of the chart's model: sums of stretches of deals, seconds of snapshots.
+// What the chart's model stands on: sums of stretches of deals, seconds of snapshots.
 
 #include "feed/simulation/Random.h"
 #include "platform/models/DealSummary.h"

@@ -321,13 +321,25 @@ TEST_F(HolographicModel, SnapshotsOfStatusZeroReplaceThoseBefore)
     EXPECT_FALSE(model.hasIntervals());
 }
 
+TEST_F(HolographicModel, SnapshotsOfTheirOwnStatusAddAndPublishedQueuesTakeNoneAway)
+{
+    fill(10);
+    quotes({snapshot(at(10, 0, 2))}, -1);
+    quotes({snapshot(at(10, 0, 5))}, -1);
+    EXPECT_EQ(model.getCurrSeqPair(3), Pair(3, 5));
+    auto queue = boost::make_shared<quoter::LevelOrderData>();
+    queue->m_time = at(10, 0, 6);
+    quotes({queue}, 0);
+    EXPECT_EQ(model.getCurrSeqPair(3), Pair(3, 5));
+}
+
 TEST_F(HolographicModel, WhatIsNoSnapshotOfTheInstrumentIsPassedOver)
 {
     fill(10);
     model.needRecalc = false;
     model.quoterCallback(0, 1, wrap({snapshot(at(10, 0, 2))}, kOther));
     model.quoterCallback(0, 4, wrap({snapshot(at(10, 0, 2))}));
-    model.quoterCallback(0, -1, wrap({snapshot(at(10, 0, 2))}));
+    model.quoterCallback(0, -2, wrap({snapshot(at(10, 0, 2))}));
     model.quoterCallback(0, 1, nullptr);
     auto wrong = boost::make_shared<quoter::LevelOrderData>();
     wrong->m_time = at(10, 0, 2);

@@ -29,6 +29,17 @@ void ChartPane::setInstrument(const QString& key)
 {
     m_panel->clear();
     m_panel->setStock(key);
+    m_toNewest = true;
+}
+
+/// A ladder of hundreds of ticks opens at its top; what a person looks for is the newest deal.
+void ChartPane::follow()
+{
+    const int deals = m_panel->model()->count.load();
+    if (!m_toNewest || deals == 0 || !m_panel->isVisible() || m_panel->model()->needRecalc.load())
+        return;
+    m_toNewest = false;
+    m_panel->middleCurrDeal(deals - 1);
 }
 
 FeedHub::Receiver ChartPane::receiver()

@@ -27,9 +27,11 @@ public:
 
     void setInstrument(const QString& key) override;
     FeedHub::Receiver receiver() override;
+    void follow() override;
 
 private:
     Kel::CDepthHolographicWidget* m_panel;
+    bool m_toNewest = false; ///< the newest deal has still to be brought into view
 };
 
 } // namespace host

@@ -17,11 +17,19 @@ DealsPane::DealsPane(QWidget* parent)
 {
     header().setWidget(m_panel);
     header().setDrawSplit(true);
-    header().setHeader(title());
-    header().setActionHandler([panel = m_panel](int action) { panel->actionHandler(action); });
+    header().setActionHandler([this](int action) {
+        m_strip = action == Kel::eQueuePanelExtend || (m_strip && action != Kel::eQueuePanelShrink);
+        m_panel->actionHandler(action);
+    });
     header().showExtendShrinkImage(true);
     header().showFilterImage(true);
     setWantedSize(QSize(380, 600));
+}
+
+void DealsPane::toggleStrip()
+{
+    m_strip = !m_strip;
+    m_panel->setShowHoloGraph(m_strip);
 }
 
 void DealsPane::setInstrument(const QString& key)

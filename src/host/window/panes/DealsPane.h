@@ -18,6 +18,9 @@ public:
 
     Kel::CDepthTransactionWidget& panel() { return *m_panel; }
 
+    /// Shows or hides the hologram strip.
+    void toggleStrip();
+
     void setInstrument(const QString& key) override;
     void setTradeDate(const boost::function<int()>& tradeDate) override;
     FeedHub::Receiver receiver() override;
@@ -27,6 +30,7 @@ public:
 
 private:
     Kel::CDepthTransactionWidget* m_panel;
+    bool m_strip = true; ///< the hologram strip is shown
 };
 
 } // namespace host

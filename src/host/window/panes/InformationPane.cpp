@@ -3,14 +3,31 @@
 #include "feed/archive/archived_notices.h"
 #include "feed/simulation/notices.h"
 #include "information/CInformationWidget.h"
+#include "platform/toolkit/CStandardTable.h"
 
 namespace host {
+
+namespace {
+
+constexpr int kDateColumn = 1;
+constexpr int kDatePadding = 16; // pixels
+constexpr int kEventPage = 302;
+constexpr int kPages = 4;
+constexpr int kAnnouncements = 1;
+
+} // namespace
 
 InformationPane::InformationPane(QWidget* parent)
     : Pane(QStringLiteral("information"), QStringLiteral("资讯"), parent),
       m_panel(new Kel::CInformationWidget(this))
 {
     setContentWidget(m_panel, 0, 0, true);
+    // The fonts of a desktop may be wider than the panel reckons with.
+    const int date = fontMetrics().horizontalAdvance(QStringLiteral("0000-00-00")) + kDatePadding;
+    for (const auto which :
+         {Kel::CInformationWidget::eTableNews, Kel::CInformationWidget::eTableAnnouncements,
+          Kel::CInformationWidget::eTableReports})
+        m_panel->table(which)->setColumnWidth(kDateColumn, date);
     setWantedSize(QSize(700, 220));
 }
 
@@ -37,15 +54,21 @@ void InformationPane::setInstrument(const QString& key)
     m_panel->clearTables();
     m_panel->setStock(key);
     m_panel->enableUi();
+    m_failure.clear();
     quoter::NoticeList notices;
     if (m_simulated) {
         notices = feed::simulatedNotices(m_day->detail, m_day->tradingDay, m_seed);
     } else if (!m_archive.empty()) {
         feed::ImportReport report;
         feed::Error error;
-        feed::readArchivedNotices(m_archive, key.toStdString(), notices, report, error);
+        if (!feed::readArchivedNotices(m_archive, key.toStdString(), notices, report, error))
+            m_failure = QString::fromStdString(error.text());
     }
     m_panel->onInfoNotice(key, notices);
+    // With what a feed brings; after that the page is the person's choice.
+    if (!m_opened)
+        m_panel->handleEvent(kEventPage, kPages, kAnnouncements, QString(), nullptr);
+    m_opened = true;
 }
 
 } // namespace host

@@ -21,6 +21,9 @@ public:
 
     Kel::CInformationWidget& panel() { return *m_panel; }
 
+    /// What was wrong with the notices of the instrument, a line; empty for nothing.
+    const QString& failure() const { return m_failure; }
+
     /// Where the notices come from: made up for a simulated source, read from an archive, none else.
     void setSource(const DaySource& source);
 
@@ -33,7 +36,9 @@ private:
     std::uint64_t m_seed = 0;
     std::string m_archive;
     DayPtr m_day;
+    QString m_failure;
     QString m_key;
+    bool m_opened = false; ///< a page was opened
 };
 
 } // namespace host

@@ -1,5 +1,6 @@
 #include "host/window/panes/LadderPane.h"
 
+#include "platform/utils/volume_unit.h"
 #include "thousand/CDepthThousandDataWidget.h"
 #include "thousand/CSingleQueueWidget.h"
 
@@ -59,6 +60,7 @@ void LadderPane::setDay(const DayPtr& day)
     const bool ready = day->orders.empty() && !day->ladders.empty();
     m_shown = ready ? m_ready : m_rebuilt;
     m_stack->setCurrentWidget(m_shown);
+    m_unit = utils::getVolumeUnit(day->detail.market, day->detail.code);
 }
 
 void LadderPane::setInstrument(const QString& key)
@@ -105,8 +107,10 @@ void LadderPane::answerSelection(int first, int top)
         hideOrders();
         return;
     }
-    if (m_shown == m_ready) // the selection's tick and unit are those of a ladder rebuilt from orders
+    if (m_shown == m_ready) { // what comes with a selection is of a ladder rebuilt from orders
         tick = m_ready->getPriceTick();
+        unit = m_unit;
+    }
     if (top >= 0)
         m_top = top;
     // The panel is shown first, so that it takes its new height at once.

@@ -52,6 +52,7 @@ private:
     Kel::CSingleQueueWidget* m_orders;
     QPointer<QWidget> m_followed; ///< the window whose moves are followed
     int m_top = 0;                ///< of the selected row, pixels of the panel
+    int m_unit = 100;             ///< shares of a lot
 };
 
 } // namespace host

@@ -3,6 +3,7 @@
 #include "level_panels/CDepthEntrustStatusWidget.h"
 
 #include <QScrollArea>
+#include <QVBoxLayout>
 
 namespace host {
 
@@ -18,14 +19,22 @@ LevelPane::LevelPane(QWidget* parent)
     : Pane(QStringLiteral("levels"), QStringLiteral("买卖盘"), parent),
       m_panel(new Kel::CDepthEntrustStatusWidget(nullptr, true))
 {
-    // The rows keep their height; a low pane scrolls.
+    // The rows keep their height; a low pane scrolls, a high one has them in its middle.
     auto* room = new QScrollArea(this);
     room->setObjectName(QStringLiteral("LevelRoom"));
     room->setFrameShape(QFrame::NoFrame);
     room->setWidgetResizable(true);
     room->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    room->setWidget(m_panel);
-    room->setMinimumWidth(kLeastWidth);
+    auto* column = new QWidget;
+    column->setObjectName(QStringLiteral("LevelColumn"));
+    column->setAttribute(Qt::WA_StyledBackground);
+    auto* layout = new QVBoxLayout(column);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addStretch(1);
+    layout->addWidget(m_panel);
+    layout->addStretch(1);
+    column->setMinimumWidth(kLeastWidth);
+    room->setWidget(column);
     setContentWidget(room, 0, 0, true);
     fitHeight();
     setWantedSize(QSize(260, m_panel->getMinimumSizeHeight()));
@@ -60,7 +69,10 @@ void LevelPane::setFiveLevels(bool five)
 
 void LevelPane::fitHeight()
 {
-    m_panel->setMinimumHeight(m_panel->getMinimumSizeHeight());
+    // The panel finds its middle when it gets a size.
+    m_panel->setFixedHeight(m_panel->getMinimumSizeHeight());
+    if (QLayout* column = m_panel->parentWidget() ? m_panel->parentWidget()->layout() : nullptr)
+        column->activate();
 }
 
 } // namespace host

@@ -56,6 +56,9 @@ public:
     /// What the panel takes of a feed; valid as long as the pane.
     virtual FeedHub::Receiver receiver() { return {}; }
 
+    /// Called now and then while a day is shown, several times a second.
+    virtual void follow() {}
+
     /// What a copy takes: the selected row, columns divided by tabs. Empty if nothing is selected.
     virtual QString selectedText() const { return {}; }
 

@@ -12,7 +12,7 @@ namespace {
 
 constexpr int kStatusFive = 1;
 constexpr int kStatusTen = 2;
-constexpr int kHeadHeight = 34; // pixels: the head row and the lines, which the panel's own height leaves out
+constexpr int kHeadHeight = 24 + 5; // pixels: the head row and the lines, which the panel's height leaves out
 constexpr int kLeastWidth = 210;
 
 } // namespace
@@ -23,6 +23,8 @@ TicketPane::TicketPane(QWidget* parent)
       m_ticket(new OrderTicket)
 {
     auto* column = new QWidget;
+    column->setObjectName(QStringLiteral("TicketColumn"));
+    column->setAttribute(Qt::WA_StyledBackground);
     auto* layout = new QVBoxLayout(column);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);

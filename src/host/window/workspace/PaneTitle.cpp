@@ -11,7 +11,8 @@ namespace host {
 
 namespace {
 
-constexpr int kHeight = 22; // pixels
+constexpr int kHeight = 24; // pixels
+constexpr int kLeastWidth = 60;
 constexpr int kMargin = 8;
 constexpr int kButton = 18;
 constexpr int kIcon = 12;
@@ -26,7 +27,6 @@ PaneTitle::PaneTitle(QDockWidget* dock)
 {
     setObjectName(QStringLiteral("PaneTitle"));
     setAttribute(Qt::WA_StyledBackground);
-    setFixedHeight(kHeight);
     m_name->setTextFormat(Qt::PlainText);
     // A narrow pane cuts its name, not the other way about.
     m_name->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
@@ -41,6 +41,11 @@ PaneTitle::PaneTitle(QDockWidget* dock)
     connect(m_close, &QToolButton::clicked, dock, &QWidget::close);
     connect(dock, &QWidget::windowTitleChanged, m_name, &QLabel::setText);
     refreshIcons();
+}
+
+QSize PaneTitle::sizeHint() const
+{
+    return QSize(kLeastWidth, kHeight);
 }
 
 QToolButton* PaneTitle::addButton(const QString& name, const QString& tip)

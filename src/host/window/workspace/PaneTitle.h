@@ -17,6 +17,9 @@ class PaneTitle : public QWidget
 public:
     explicit PaneTitle(QDockWidget* dock);
 
+    QSize sizeHint() const override; ///< the dock gives as much room
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
     /// Draws the buttons in the theme's colours.
     void refreshIcons();
 

@@ -9,8 +9,22 @@
 #include <QTimer>
 
 #include <algorithm>
+#include <numeric>
 
 namespace host {
+
+namespace {
+
+/// Divides a length by weights.
+QList<int> sharesOf(int length, QList<int> weights)
+{
+    const int sum = std::max(1, std::accumulate(weights.begin(), weights.end(), 0));
+    for (int& weight : weights)
+        weight = length * weight / sum;
+    return weights;
+}
+
+} // namespace
 
 Workspace::Workspace(QWidget* parent) : QMainWindow(parent, Qt::Widget)
 {
@@ -101,22 +115,21 @@ void Workspace::share()
     QList<QDockWidget*> heads;
     QList<int> widths;
     for (const LayoutColumn& column : m_layout->columns) {
-        QDockWidget* head = dock(column.cells.front().panes.front());
-        if (!head)
-            continue;
-        heads.append(head);
-        widths.append(width() * column.share / 100);
         QList<QDockWidget*> fronts;
         QList<int> heights;
         for (const LayoutCell& cell : column.cells) {
             if (QDockWidget* front = dock(cell.panes.front())) {
                 fronts.append(front);
-                heights.append(height() * cell.share / 100);
+                heights.append(cell.share);
             }
         }
-        resizeDocks(fronts, heights, Qt::Vertical);
+        if (fronts.isEmpty())
+            continue;
+        resizeDocks(fronts, sharesOf(height(), heights), Qt::Vertical);
+        heads.append(fronts.first());
+        widths.append(column.share);
     }
-    resizeDocks(heads, widths, Qt::Horizontal);
+    resizeDocks(heads, sharesOf(width(), widths), Qt::Horizontal);
 }
 
 void Workspace::resizeEvent(QResizeEvent* event)

@@ -19,23 +19,24 @@ LayoutCell cell(int share, std::initializer_list<const char*> ids)
 
 const std::vector<Layout>& shippedLayouts()
 {
+    // Shares are pixels of a window of the usual size.
     static const std::vector<Layout> layouts = {
         {QStringLiteral("queue"),
          QStringLiteral("队列台"),
-         {{{cell(100, {"list"})}, 15},
-          {{cell(70, {"queue"}), cell(30, {"information", "orders"})}, 45},
-          {{cell(100, {"ladder"})}, 21},
-          {{cell(100, {"ticket", "levels"})}, 19}}},
+         {{{cell(100, {"list"})}, 285},
+          {{cell(66, {"queue"}), cell(34, {"information", "orders"})}, 800},
+          {{cell(100, {"ladder"})}, 265},
+          {{cell(100, {"ticket", "levels"})}, 250}}},
         {QStringLiteral("tick"),
          QStringLiteral("逐笔台"),
-         {{{cell(50, {"list"}), cell(50, {"levels"})}, 16},
-          {{cell(52, {"queue"}), cell(48, {"orders"})}, 52},
-          {{cell(100, {"deals"})}, 32}}},
+         {{{cell(45, {"list"}), cell(55, {"levels"})}, 290},
+          {{cell(52, {"queue"}), cell(48, {"orders"})}, 880},
+          {{cell(100, {"deals"})}, 430}}},
         {QStringLiteral("chart"),
          QStringLiteral("全息台"),
-         {{{cell(100, {"list", "levels"})}, 15},
-          {{cell(58, {"chart"}), cell(42, {"zoom"})}, 58},
-          {{cell(100, {"deals"})}, 27}}},
+         {{{cell(45, {"list"}), cell(55, {"levels"})}, 290},
+          {{cell(58, {"chart"}), cell(42, {"zoom"})}, 910},
+          {{cell(100, {"deals"})}, 400}}},
     };
     return layouts;
 }

@@ -7,17 +7,19 @@
 
 namespace host {
 
+/// Shares are weights: each gets its part of the sum of all.
+///
 /// Panes of the same place, as tabs; the first is in front.
 struct LayoutCell
 {
     QStringList panes;
-    int share; ///< of the column's height, per cent
+    int share; ///< of the column's height
 };
 
 struct LayoutColumn
 {
     std::vector<LayoutCell> cells; ///< from top to bottom; at least one
-    int share;                     ///< of the workspace's width, per cent
+    int share;                     ///< of the workspace's width
 };
 
 /// Where the panes stand. Panes that no column names are closed.
