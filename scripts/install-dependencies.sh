@@ -16,6 +16,9 @@ if [[ "${1:-}" == "--with-tests" ]]; then
     xvfb xauth openbox git doxygen
   )
 fi
+if [[ "${1:-}" == "--with-packaging" ]]; then
+  packages+=(dpkg-dev file)
+fi
 if [[ "${1:-}" == "--with-docs" ]]; then
   packages+=(doxygen)
 fi

@@ -6,7 +6,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 folder=${1:-build/packages}
-scripts/install-dependencies.sh
+scripts/install-dependencies.sh --with-packaging
 # The prefix decides about the folder of libraries, which for Debian has the machine's kind in its name.
 cmake --preset release -B build/package -DCMAKE_INSTALL_PREFIX=/usr \
   -DDEPTH_BUILD_TESTS=OFF -DDEPTH_BUILD_BENCHMARKS=OFF >/dev/null

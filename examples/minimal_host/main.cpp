@@ -1,13 +1,13 @@
 // The smallest host: an order queue panel, and a feed of five records made by hand. With the name of a
-// picture as argument it prints after a second what the panel sent for a title, writes the picture, and ends.
+// picture as argument it ends with the first news: prints the title that came and writes the picture.
 #include "platform/services/CStockManager.h"
+#include "platform/services/RPCEngine.h"
 #include "platform/utils/CSingletonT.h"
 #include "queue_view/CDepthOrderQueueWidget.h"
 
-#include <boost/make_shared.hpp>
-
 #include <QApplication>
 #include <QTextStream>
+#include <boost/make_shared.hpp>
 
 template <class Record>
 auto batchOf(const Record& record)
@@ -21,16 +21,17 @@ struct Window : Zeb::CBaseWidget
     Window() : CBaseWidget("window") {}
     bool handleEvent(int id, int, int, QString text, void*) override
     {
-        setWindowTitle(id == 1395 ? text : windowTitle());
-        return id == 1395; // the panel has drawn news, and this is a title for it
+        setWindowTitle(text); // 1395: the panel has drawn news, and this is a title for it
+        if (id == 1395 && QApplication::arguments().size() > 1)
+            QApplication::quit();
+        return id == 1395;
     }
 };
 
 int main(int argc, char** argv)
 {
     QApplication app(argc, argv);
-    const auto stock = boost::make_shared<nelservice::CInstrumentDetail>();
-    stock->market = "SH", stock->code = "600519";
+    const nelservice::CInstrumentDetailPtr stock(new nelservice::CInstrumentDetail{"SH", "600519", ""});
     utils::CSingletonT<Kel::CStockManager>::instance().addInstrument(stock);
     Window window;
     auto* panel = new Kel::CDepthOrderQueueWidget(&window);
@@ -46,14 +47,13 @@ int main(int argc, char** argv)
     for (order.entrustNo = 1; order.entrustNo <= 3; ++order.entrustNo) {
         order.side = order.entrustNo <= 2 ? 1 : 2; // two buy, one sells
         order.price = order.side == 1 ? 10.00 : 10.01, order.volume = 500 * order.entrustNo;
-        panel->onEntrustCallback("SH600519", 0, order.entrustNo == 1 ? 0 : 1, batchOf(order));
+        panel->onEntrustCallback("SH600519", 0, order.entrustNo > 1, batchOf(order));
     }
+    net::RPCEngine::drain("modulegroup"); // not needed: so that the first news has it all
     quoter::QuoterDepthData depth;
     depth.bidPrice[0] = 10.00, depth.askPrice[0] = 10.01, depth.bidVolume[0] = 12, depth.askVolume[0] = 15;
     panel->quoterCallBack(0, -1, batchOf(depth)->data);
-    QTimer::singleShot(1000, &app, [&] {
-        if (argc > 1)
-            app.exit((QTextStream(stdout) << window.windowTitle() << '\n', !window.grab().save(argv[1])));
-    });
-    return app.exec();
+    app.exec();
+    QTextStream(stdout) << window.windowTitle() << '\n';
+    return argc > 1 && !window.grab().save(argv[1]);
 }

@@ -27,6 +27,7 @@
 #include "tick/CDepthEntrustTrackDialog.h"
 #include "tick/CDepthEntrustWidget.h"
 #include "tick/CDepthFilterSettingDialog.h"
+#include "tick/CDepthOrderWidget.h"
 #include "tick/CDepthTransactionWidget.h"
 
 #include <boost/make_shared.hpp>
@@ -94,11 +95,15 @@ quoter::QuoterBatch snapshot()
     return {depth};
 }
 
-void spin(int ms)
+/// Lets the panels' timers run until something is so; false if it is not within half a minute.
+template <class Condition>
+bool becomes(Condition condition)
 {
     QElapsedTimer time;
-    for (time.start(); time.elapsed() < ms;)
+    time.start();
+    while (!condition() && time.elapsed() < 30000)
         QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+    return condition();
 }
 
 } // namespace
@@ -185,13 +190,11 @@ int main(int argc, char** argv)
     auto held = std::make_shared<Kel::SingleQueue>();
     single.setSingleQueue(held, 0.01, 100);
     net::RPCEngine::drain("modulegroup");
-    spin(600);
-    out << "deals listed: " << transactions.total() << '\n';
-    out << "orders listed: " << entrusts.model()->orderCount.load() << '\n';
+    out << "deals listed: " << becomes([&] { return transactions.total() == 3; }) << '\n';
+    out << "orders listed: " << becomes([&] { return entrusts.orderList()->total() == kOrders; }) << '\n';
     out << "levels a side: " << levels.getShelves() << ' ' << concise.getShelves() << '\n';
     out << "ladder of: " << ladder.getStockKey() << '\n';
     theme.setTheme(QStringLiteral("light"));
-    spin(100);
     out << "theme: " << theme.theme() << '\n';
     const bool written = window.grab().save(QString::fromLocal8Bit(argv[1]));
     out << "picture: " << written << '\n';
