@@ -180,6 +180,13 @@ void TerminalActions::makePaneMenu()
         connect(action, &QAction::triggered, this, [this, id = layout.id] { Q_EMIT layoutChosen(id); });
     }
     menu->addSeparator();
+    m_layoutMenu = menu->addMenu(QStringLiteral("我的布局"));
+    connect(add(menu, "saveLayout", QStringLiteral("保存布局…"), QStringLiteral("Ctrl+Shift+S")),
+            &QAction::triggered, this, &TerminalActions::saveLayoutAsked);
+    connect(add(menu, "removeLayout", QStringLiteral("删除布局…"), QString()), &QAction::triggered, this,
+            &TerminalActions::removeLayoutAsked);
+    showSavedLayouts({});
+    menu->addSeparator();
     connect(add(menu, "filter", QStringLiteral("筛选逐笔列表…"), QStringLiteral("Ctrl+L")),
             &QAction::triggered, this, &TerminalActions::filterAsked);
     connect(add(menu, "strip", QStringLiteral("全息条"), QStringLiteral("Ctrl+H")), &QAction::triggered, this,
@@ -200,6 +207,20 @@ void TerminalActions::makePaneMenu()
             &QAction::triggered, this, &TerminalActions::trackEndAsked);
     menu->addSeparator();
     m_paneMenu = menu;
+}
+
+void TerminalActions::showSavedLayouts(const QStringList& names)
+{
+    m_layoutMenu->clear();
+    m_layoutMenu->setEnabled(!names.isEmpty());
+    for (const QString& name : names) {
+        // An ampersand of the name is no mnemonic.
+        QAction* action =
+            m_layoutMenu->addAction(QString(name).replace(QLatin1Char('&'), QLatin1String("&&")));
+        connect(action, &QAction::triggered, this, [this, name] { Q_EMIT savedLayoutChosen(name); });
+    }
+    if (QAction* remove = action(QStringLiteral("removeLayout")))
+        remove->setEnabled(!names.isEmpty());
 }
 
 void TerminalActions::addPanes(const QList<QAction*>& toggles)

@@ -107,6 +107,16 @@ void Workspace::apply(const Layout& layout)
     share();
 }
 
+bool Workspace::restore(const QByteArray& arrangement)
+{
+    const Layout* const before = m_layout;
+    m_layout = nullptr; // the borders are those of the arrangement
+    if (restoreState(arrangement))
+        return true;
+    m_layout = before;
+    return false;
+}
+
 /// Gives columns and cells their shares of the room.
 void Workspace::share()
 {

@@ -33,6 +33,11 @@ public:
     /// workspace.
     void apply(const Layout& layout);
 
+    /// The arrangement as bytes, and back; false for bytes that are none. Panes that the bytes do not know
+    /// stay closed.
+    QByteArray arrangement() const { return saveState(); }
+    bool restore(const QByteArray& arrangement);
+
     /// The pane that had the focus last, if it is shown; null otherwise.
     Pane* currentPane() const;
 
