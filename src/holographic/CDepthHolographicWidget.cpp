@@ -196,10 +196,11 @@ void CDepthHolographicWidget::slotTimeOut()
 
 void CDepthHolographicWidget::slotRefreshTimer(int ms)
 {
+    const int period = std::max(ms, 1);
     m_refreshTimer->stop();
-    m_refreshTimer->start(ms);
+    m_refreshTimer->start(period);
     if (m_detailTimer->isActive())
-        m_detailTimer->start(ms);
+        m_detailTimer->start(period);
 }
 
 void CDepthHolographicWidget::setViewTimeRange(const int& begin, const int& end)

@@ -96,14 +96,23 @@ public Q_SLOTS:
     void onEntrustCallback(const QString& key, int seq, int status,
                            const boost::shared_ptr<MetaCacheDataWrapper>& batch);
 
-    /// Another period for the refresh timer, and for a hover that is running, milliseconds.
+    /// Another period for the refresh timer, and for a hover that is running, milliseconds; below 1 it is 1.
     void slotRefreshTimer(int ms);
+
+    /// Brings view and picture up to the data, if there is news. The refresh timer calls it.
     void slotTimeOut();
 
+    /// Asks for the lots at which a bar has full height, 4 to 2000.
     void slotSetFullHeightHandle();
+
+    /// A pixel more, or less, for the half rows.
     void slotAddRowHeight();
     void slotReduceRowHeight();
+
+    /// Makes the rows as low as the whole ladder needs to be seen, or as high as usual where it fits.
     void slotAdjustHeight();
+
+    /// Shows the detail box of the deal under the mouse, if there is one. The hover timer calls it.
     void slotShowDealDetail();
 
 protected:

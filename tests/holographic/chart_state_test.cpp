@@ -82,6 +82,16 @@ TEST(ChartTimers, FollowTheConfigurationOfTheUser)
     setUserConfig(nullptr);
 }
 
+TEST(ChartTimers, NeverSpin)
+{
+    RunningChart chart;
+    for (const int period : {0, -7}) {
+        chart.slotRefreshTimer(period);
+        EXPECT_EQ(chart.m_refreshTimer->interval(), 1);
+        EXPECT_TRUE(chart.m_refreshTimer->isActive());
+    }
+}
+
 TEST(ChartSize, IsTheWidgetWithoutTheStrips)
 {
     Chart chart(600, 325);
@@ -333,6 +343,8 @@ TEST(ChartRows, TheHeightStaysWithinItsBounds)
     chart.setFullHeightChagne(3);
     EXPECT_EQ(chart.m_halfRow, 15);
     EXPECT_EQ(chart.m_rowHeight, 31);
+    EXPECT_EQ(chart.calcDrawHeight(250), 7);
+    EXPECT_EQ(chart.calcDrawHeight(501), 15);
     EXPECT_EQ(chart.m_pageRows, chart.m_chartHeight / 31);
     chart.setFullHeightChagne(std::numeric_limits<int>::max());
     EXPECT_EQ(chart.m_halfRow, 16);
