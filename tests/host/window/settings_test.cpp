@@ -209,6 +209,15 @@ TEST_F(Settings, ANamedLayoutComesBackWithTheInstrumentAndTheTime)
     EXPECT_TRUE(window->settings().layouts.empty());
 }
 
+TEST_F(Settings, BytesThatAreNoArrangementLeaveThePanesAlone)
+{
+    const auto window = open();
+    EXPECT_FALSE(window->workspace().restore("rubbish"));
+    EXPECT_TRUE(window->workspace().dock(QStringLiteral("queue"))->isVisible());
+    EXPECT_TRUE(window->workspace().dock(QStringLiteral("ladder"))->isVisible());
+    EXPECT_FALSE(window->workspace().dock(QStringLiteral("chart"))->isVisible());
+}
+
 TEST_F(Settings, ABrokenFileIsToldInTheMessageBarAndTheWindowOpens)
 {
     write("rubbish");

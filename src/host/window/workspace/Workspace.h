@@ -33,8 +33,7 @@ public:
     /// workspace.
     void apply(const Layout& layout);
 
-    /// The arrangement as bytes, and back; false for bytes that are none. Panes that the bytes do not know
-    /// stay closed.
+    /// The arrangement as bytes, and back; false, with no change, for bytes that are none.
     QByteArray arrangement() const { return saveState(); }
     bool restore(const QByteArray& arrangement);
 
