@@ -253,6 +253,7 @@ void MainWindow::showDay(int index, const DayPtr& day)
         m_information->setSource(m_nextSource);
     m_sourceIsNew = false;
     m_starting = false;
+    endTracking(); // there the same number is another order
     m_day = day;
     m_index = index;
     m_range = dayRange(*day);
