@@ -149,6 +149,7 @@ set(DEPTH_PUBLIC_HEADERS
   tick/CDepthTransactionWidget.h
   tick/CEntrustListWidget.h
   tick/CTickListWidget.h
+  tick/RowIdentity.h
   tick/tick_list_geometry.h
   tick/tick_resources.h
   tick/tick_table.h

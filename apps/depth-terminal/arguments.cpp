@@ -28,6 +28,7 @@ struct Texts
     std::string colors = "red-up";
     std::string layout = "queue";
     std::string externalData;
+    std::string settings;
     std::string shot;
     std::vector<std::string> modes;
     double mostRejectedPercent = 1;
@@ -101,6 +102,9 @@ void addLook(CLI::App& app, Texts& texts)
     app.add_option("--layout", texts.layout, "Of the panes: queue, tick, chart (queue)")
         ->check(CLI::IsMember(layoutIds()));
     app.add_option("--size", texts.size, "Of the window, pixels at 100 % (1600x960)")->type_name("WxH");
+    app.add_option("--settings", texts.settings,
+                   "File that remembers looks and layouts (in the user's configuration)")
+        ->type_name("FILE");
     app.add_option("--external-data", texts.externalData,
                    "Folder of local information: localinformation/MARKET/CODE/NAME.csv")
         ->check(CLI::ExistingDirectory)
@@ -156,6 +160,7 @@ std::string take(const Texts& texts, host::TerminalOptions& options)
     options.theme = QString::fromStdString(texts.theme);
     options.colors = priceColors().at(texts.colors);
     options.layout = QString::fromStdString(texts.layout);
+    options.settingsFile = QString::fromStdString(texts.settings);
     options.externalData = QString::fromStdString(texts.externalData);
     options.shot = QString::fromStdString(texts.shot);
     for (const std::string& word : texts.modes)
@@ -192,6 +197,8 @@ bool readArguments(int argc, char** argv, host::TerminalOptions& options, int& e
     try {
         app.parse(argc, argv);
         wrong = take(texts, options);
+        options.given = {app.count("--theme") > 0, app.count("--colors") > 0, app.count("--mode") > 0,
+                         app.count("--layout") > 0};
     } catch (const CLI::Success& request) {
         exitCode = app.exit(request, out, err);
         return false;

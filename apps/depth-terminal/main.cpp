@@ -2,6 +2,7 @@
 #include "display.h"
 
 #include "host/commands/commands.h"
+#include "host/window/settings/TerminalSettings.h"
 #include "host/window/shot.h"
 #include "host/window/window_runs.h"
 
@@ -56,10 +57,12 @@ int main(int argc, char** argv)
     QApplication::setApplicationName(QStringLiteral("depth-terminal"));
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     if (!options.shot.isEmpty())
-        return host::takeShot(options, std::cerr);
+        return host::takeShot(options, std::cerr); // looks as the arguments say, whatever is remembered
     if (options.measureStalls > 0)
         return host::runStallMeasurement(options, std::cout, std::cerr);
     if (options.tour)
         return host::runTour(options, std::cout, std::cerr);
+    if (options.settingsFile.isEmpty())
+        options.settingsFile = host::usualSettingsFile();
     return host::runWindow(options, std::cerr);
 }

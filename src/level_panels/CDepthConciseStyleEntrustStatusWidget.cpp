@@ -263,12 +263,15 @@ void CDepthConciseStyleEntrustStatusWidget::mousePressEvent(QMouseEvent* event)
     // A label is no cell that is marked, but it gives its price type.
     if (!cell.isEmpty() || columns().isLabel(event->x())) {
         const QPointer<QWidget> self = this; // who receives the parameters may close the panel
+        const QString stock = getDetailQsKey(m_model.data().instrument);
         QString message;
         doTradeFunc(event->x(), event->y(), message);
         if (!self) {
             event->accept(); // or it would go on to a parent that nobody can ask for any more
             return;
         }
+        if (getDetailQsKey(m_model.data().instrument) != stock)
+            return; // or may choose another instrument, of which no cell was clicked
     }
     const bool isOther = isOtherCell(cell, m_clickRect);
     if (isOther)

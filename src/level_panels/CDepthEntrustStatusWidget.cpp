@@ -15,7 +15,6 @@ namespace Kel {
 
 namespace {
 
-constexpr const char* kGround = "ic_clr_graph_kline_bg";
 constexpr const char* kLine = "ic_clr_dialog_stock_splitter";
 constexpr const char* kLatestText = "ic_clr_entrust_lastest_text";
 constexpr const char* kText = "ic_clr_entrust_default_text";
@@ -177,7 +176,7 @@ void CDepthEntrustStatusWidget::drawBackground()
 
 void CDepthEntrustStatusWidget::drawBackground(QPainter& painter)
 {
-    painter.fillRect(m_panelRect, *levelColor(kGround));
+    painter.fillRect(m_panelRect, *levelColor(kLevelGround));
     const int midY = m_rowHeight * m_shelves + m_topY;
     painter.setPen(*levelColor(kLine));
     for (const int y : {midY, midY + m_rowHeight})

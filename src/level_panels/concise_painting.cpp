@@ -13,7 +13,6 @@ namespace Kel {
 
 namespace {
 
-constexpr const char* kGround = "ic_clr_graph_kline_bg";
 constexpr const char* kHead = "ic_clr_sell_head";
 constexpr const char* kLine = "ic_clr_concise_modulegroup_spliter";
 constexpr const char* kMiddleRow = "ic_clr_concise_new_background";
@@ -111,7 +110,7 @@ void CDepthConciseStyleEntrustStatusWidget::drawBackground()
 void CDepthConciseStyleEntrustStatusWidget::drawBackground(QPainter& painter)
 {
     const int width = m_panelRect.width();
-    painter.fillRect(m_panelRect, *levelColor(kGround));
+    painter.fillRect(m_panelRect, *levelColor(kLevelGround));
     painter.setPen(*m_colors.normal);
     painter.setFont(*m_fonts.text);
     painter.fillRect(0, m_topY, width, m_rowHeight, *levelColor(kHead));

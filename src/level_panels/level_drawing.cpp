@@ -99,6 +99,7 @@ QPixmap pixmapFor(const QWidget& widget)
     const qreal ratio = widget.devicePixelRatioF();
     QPixmap pixmap((QSizeF(widget.size()) * ratio).toSize());
     pixmap.setDevicePixelRatio(ratio);
+    pixmap.fill(*levelColor(kLevelGround));
     return pixmap;
 }
 

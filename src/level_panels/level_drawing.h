@@ -33,6 +33,9 @@ struct LevelColors
     const QColor* of(double value, double base) const;
 };
 
+/// Key of the colour of what both panels lie on.
+constexpr const char* kLevelGround = "ic_clr_graph_kline_bg";
+
 /// Fonts of the numbers and labels; the addresses follow the theme.
 struct LevelFonts
 {
@@ -59,7 +62,7 @@ void drawLatest(QPainter& painter, const LevelColumns& columns, int y, int rowHe
 /// The outline of a cell whose y counts from the first row; nothing for an empty one.
 void drawCellMark(QPainter& painter, const QRect& cell, int topY, const QColor& color);
 
-/// A pixmap for the whole of `widget`, at the resolution of its screen.
+/// A pixmap for the whole of `widget`, at the resolution of its screen: the ground and nothing on it.
 QPixmap pixmapFor(const QWidget& widget);
 
 /// Whether `pixmap` is of another resolution than the screen of `widget`, which may have moved there.

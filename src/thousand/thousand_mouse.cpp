@@ -125,6 +125,11 @@ void CDepthThousandDataWidget::mousePressEvent(QMouseEvent* event)
     m_cursorPos = event->pos();
     const bool hadTip = m_showTip;
     m_showTip = false;
+    if (event->button() != Qt::LeftButton) { // of the menu, which leaves the selection alone
+        if (hadTip)
+            update();
+        return;
+    }
     int row = -1;
     int side = 0;
     int column = LadderLayout::eNoColumn;

@@ -18,7 +18,6 @@ namespace {
 constexpr int kEventScrolled = 15;
 constexpr int kBarWidth = 6;
 constexpr int kOutlineMargin = 5; // of a selected row, at the left and right
-constexpr const char* kSelection = "ic_clr_entrust_amount";
 
 } // namespace
 
@@ -107,6 +106,8 @@ int CDealTable::rowAt(int y) const
 
 void CDealTable::mousePressEvent(QMouseEvent* event)
 {
+    if (event->button() != Qt::LeftButton)
+        return;
     const int row = rowAt(event->y());
     m_selectedIndex = row == m_selectedIndex ? -1 : row;
     update();
@@ -114,6 +115,8 @@ void CDealTable::mousePressEvent(QMouseEvent* event)
 
 void CDealTable::mouseDoubleClickEvent(QMouseEvent* event)
 {
+    if (event->button() != Qt::LeftButton)
+        return;
     m_selectedIndex = rowAt(event->y());
     update();
 }
@@ -171,7 +174,7 @@ void CDealTable::drawContent(QPainter& painter)
         drawTrackRow(painter, m_style, kSideMargin, y, width() - kSideMargin, m_rowHeight,
                      {record->m_time / 1000, record->price, m_order->side, record->volume}, *m_subject);
         if (m_firstIndex + line == m_selectedIndex) {
-            painter.setPen(*themeColor(kSelection));
+            painter.setPen(m_style.selection);
             painter.setBrush(Qt::NoBrush);
             painter.drawRect(
                 outlineInside(QRect(kOutlineMargin, y, width() - 2 * kOutlineMargin, m_rowHeight), size()));

@@ -12,8 +12,6 @@ namespace {
 
 constexpr int kTableTop = 50;
 constexpr int kSumWidth = 150;
-constexpr const char* kRise = "ic_clr_entrust_text_rise";
-constexpr const char* kFall = "ic_clr_entrust_text_fall";
 
 } // namespace
 
@@ -61,9 +59,9 @@ void CDealWidget::drawContent(QPainter& painter)
                              : QStringLiteral("被动卖 ") + lotsText(m_passive, unit);
     const QString right = buy ? QStringLiteral("被动买 ") + lotsText(m_passive, unit)
                               : QStringLiteral("主动卖 ") + lotsText(m_active, unit);
-    painter.setPen(*themeColor(kRise));
+    painter.setPen(m_style.rise);
     drawFitted(painter, QRect(kSideMargin, kLineHeight, kSumWidth, kLineHeight), Qt::AlignLeft, left);
-    painter.setPen(*themeColor(kFall));
+    painter.setPen(m_style.fall);
     drawFitted(painter, QRect(width() - kSideMargin - kSumWidth, kLineHeight, kSumWidth, kLineHeight),
                Qt::AlignRight, right);
 }

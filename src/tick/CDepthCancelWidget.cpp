@@ -28,6 +28,13 @@ bool CDepthCancelWidget::timeOf(int row, int& time) const
     return cancel != nullptr;
 }
 
+RowIdentity CDepthCancelWidget::identityOf(int row) const
+{
+    const auto cancel = m_model->getCancelData(row);
+    return cancel ? RowIdentity{true, cancel->time, cancel->orderNo, 0, cancel->volume, cancel->price}
+                  : RowIdentity();
+}
+
 boost::shared_ptr<DepthOrderData> CDepthCancelWidget::orderOf(int row) const
 {
     boost::shared_ptr<DepthOrderData> order;

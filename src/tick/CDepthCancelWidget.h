@@ -19,6 +19,7 @@ public:
 
 protected:
     int modelCount() const override { return m_model->cancelCount.load(); }
+    RowIdentity identityOf(int row) const override;
     std::atomic<bool>& dirtyFlag() const override { return m_model->cancelDirty; }
     bool timeOf(int row, int& time) const override;
     int traceback(int row) const override { return m_model->tracebackCancelSeq(row); }

@@ -3,6 +3,8 @@
 #include "platform/models/order_symbols.h"
 #include "platform/toolkit/number_formats.h"
 
+#include <QPointer>
+
 namespace Kel {
 
 namespace {
@@ -23,6 +25,13 @@ bool CDepthOrderWidget::timeOf(int row, int& time) const
     if (order)
         time = order->time;
     return order != nullptr;
+}
+
+RowIdentity CDepthOrderWidget::identityOf(int row) const
+{
+    const auto order = m_model->getOrderData(row, false);
+    return order ? RowIdentity{true, order->time, order->orderNo, 0, order->volume, order->price}
+                 : RowIdentity();
 }
 
 boost::shared_ptr<DepthOrderData> CDepthOrderWidget::orderOf(int row) const
@@ -60,9 +69,12 @@ void CDepthOrderWidget::drawRow(QPainter* painter, int row, int x, int y)
 void CDepthOrderWidget::setTrackOrderParam(int timeMs, double price, int hands, int side, int tag)
 {
     const auto orders = m_model->findOrders(timeMs, price, hands, side);
+    const QPointer<CDepthOrderWidget> alive(this);
     for (const auto& order : orders) {
         m_trackOrderNo = order->orderNo;
         deliverEvent(kEventOrderTracked, m_trackOrderNo, tag, QString(), nullptr);
+        if (!alive)
+            return;
     }
     if (orders.empty())
         return;

@@ -16,13 +16,15 @@ public:
                       CDepthEntrustTrackDialog* trackDialog, QWidget* parent);
 
     /// Looks for the limit orders of this time of day (ms since midnight), price, lots and side in the
-    /// filtered list. Each raises event 3225 (first its number, second `tag`); the last one is tracked.
+    /// filtered list. Each raises event 3225 (first its number, second `tag`); the last one is tracked. A
+    /// receiver may end the panel: nobody else is told then.
     void setTrackOrderParam(int timeMs, double price, int hands, int side, int tag);
 
     QString rowText(int row) const override;
 
 protected:
     int modelCount() const override { return m_model->orderCount.load(); }
+    RowIdentity identityOf(int row) const override;
     std::atomic<bool>& dirtyFlag() const override { return m_model->orderDirty; }
     bool timeOf(int row, int& time) const override;
     int traceback(int row) const override { return m_model->tracebackOrderSeq(row); }

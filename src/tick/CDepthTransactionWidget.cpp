@@ -193,7 +193,7 @@ void CDepthTransactionWidget::highlightTransaction(int index)
 {
     if (index < 0 || index >= m_total || index == m_selectedIndex)
         return;
-    m_selectedIndex = index;
+    select(index);
     if (m_total > m_layout.capacity() && !isInView(index)) {
         const int first = std::clamp(index - m_layout.capacity() / 2, 0, m_total - m_layout.capacity());
         if (m_scrollBar->value() != first) {
@@ -287,6 +287,13 @@ void CDepthTransactionWidget::keyPressEvent(QKeyEvent* event)
     m_mousePos = m_layout.rowRect(m_selectedIndex - m_firstIndex).center();
     m_tipSide = m_tipSide == -1 ? 0 : -1;
     update();
+}
+
+RowIdentity CDepthTransactionWidget::identityOf(int row) const
+{
+    const auto deal = m_model->getData(row);
+    return deal ? RowIdentity{true, deal->time, deal->buyNo, deal->sellNo, deal->volume, deal->price}
+                : RowIdentity();
 }
 
 QString CDepthTransactionWidget::rowText(int row) const

@@ -85,6 +85,7 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
     int modelCount() const override { return m_model->count.load(); }
+    RowIdentity identityOf(int row) const override;
     void initDraw() override;
     int otherColumns() const override;
     int priceWidth() const override { return m_priceWidth; }

@@ -135,7 +135,7 @@ void CGraphWidget::drawContent(QPainter& painter)
     const qint64 volume = m_order->volume;
     // Pure green is no colour for a text on a light ground.
     const bool onLight = m_style.ink == QColor(0, 0, 0);
-    painter.setPen(onLight ? *sideColor(m_order->side) : shareColor(ETrackShare::eFilled));
+    painter.setPen(onLight ? m_style.ofSide(m_order->side) : shareColor(ETrackShare::eFilled));
     drawLine(painter, kTotalTop, m_order->side == 1 ? QStringLiteral("总买量") : QStringLiteral("总卖量"),
              volume);
     const auto share = [&](int y, ETrackShare kind, const QString& label, qint64 shares) {

@@ -61,13 +61,18 @@ void CTickListWidget::resizeEvent(QResizeEvent* event)
         return;
     m_rect = rect();
     m_layout.setHeight(m_rect.height());
-    const qreal ratio = devicePixelRatioF();
-    m_buffer = QPixmap((QSizeF(m_rect.size()) * ratio).toSize());
-    m_buffer.setDevicePixelRatio(ratio);
+    newBuffer();
     resetLayout();
     m_scrollBar->setGeometry(m_rect.width() - m_scrollBar->width(), 0, m_scrollBar->width(), m_rect.height());
     m_scrollBar->setPageStep(m_layout.rowCount);
     updateScroll();
+}
+
+void CTickListWidget::newBuffer()
+{
+    const qreal ratio = devicePixelRatioF();
+    m_buffer = QPixmap((QSizeF(m_rect.size()) * ratio).toSize());
+    m_buffer.setDevicePixelRatio(ratio);
 }
 
 void CTickListWidget::resetLayout()
@@ -78,6 +83,7 @@ void CTickListWidget::resetLayout()
 
 void CTickListWidget::drawBackground(const QRect& rect)
 {
+    m_selectedIndex = selectedRow(); // the outline stands over the rows that are drawn now
     if (rect.isEmpty() || m_buffer.isNull())
         return;
     QPainter painter(&m_buffer);
@@ -104,6 +110,12 @@ void CTickListWidget::paintEvent(QPaintEvent*)
 {
     if (!isVisible() || m_buffer.isNull())
         return;
+    if (m_buffer.devicePixelRatioF() != devicePixelRatioF()) { // on another screen
+        newBuffer();
+        m_texts.clear();
+        initDraw();
+        drawBackground(m_rect);
+    }
     QPainter painter(this);
     painter.drawPixmap(0, 0, m_buffer);
     if (m_selectedIndex >= 0 && m_selectedIndex < m_total && isInView(m_selectedIndex)) {
@@ -180,13 +192,28 @@ void CTickListWidget::forgetRows()
 {
     m_firstIndex = 0;
     m_total = 0;
-    m_selectedIndex = -1;
+    select(-1);
     m_followTail = true;
+}
+
+int CTickListWidget::selectedRow() const
+{
+    if (m_selectedIndex < 0)
+        return -1;
+    return rowOf(m_selectedRow, m_selectedIndex, modelCount(), [this](int row) { return identityOf(row); });
+}
+
+void CTickListWidget::select(int row)
+{
+    if (row == m_selectedIndex)
+        return;
+    m_selectedIndex = row;
+    m_selectedRow = row < 0 ? RowIdentity() : identityOf(row);
 }
 
 void CTickListWidget::dropSelection()
 {
-    m_selectedIndex = -1;
+    select(-1);
     dropTip();
 }
 
@@ -201,27 +228,33 @@ int CTickListWidget::rowAt(const QPoint& point) const
 
 void CTickListWidget::mousePressEvent(QMouseEvent* event)
 {
+    if (event->button() != Qt::LeftButton)
+        return; // the others open menus, for what is selected
     const int row = rowAt(event->pos());
-    m_selectedIndex = row == m_selectedIndex ? -1 : row;
+    select(row == m_selectedIndex ? -1 : row);
     update();
     rowSelected(m_selectedIndex);
 }
 
 void CTickListWidget::mouseDoubleClickEvent(QMouseEvent* event)
 {
-    m_selectedIndex = rowAt(event->pos());
+    if (event->button() != Qt::LeftButton)
+        return;
+    select(rowAt(event->pos()));
     update();
     rowOpened(m_selectedIndex);
 }
 
 void CTickListWidget::showRow(int row)
 {
-    m_selectedIndex = row;
+    select(row);
     const int capacity = m_layout.capacity();
-    if (m_total > capacity && !isInView(row)) {
+    if (!isInView(row)) {
         scrollTo(row < m_firstIndex ? row : row - capacity + 1);
-        m_followTail = m_firstIndex + capacity == m_total;
+        // A list that has become shorter than the view is shown whole, and with it its tail.
+        const bool follows = m_total > capacity ? m_firstIndex + capacity == m_total : m_followTail;
         m_scrollBar->setValue(m_firstIndex);
+        m_followTail = follows;
         drawBackground(m_rect);
     }
     update();
@@ -240,8 +273,7 @@ void CTickListWidget::keyTo(int row)
 void CTickListWidget::keyPressEvent(QKeyEvent* event)
 {
     if (event->key() == Qt::Key_Escape && m_selectedIndex >= 0) {
-        m_selectedIndex = -1;
-        dropTip();
+        dropSelection();
         update();
         rowSelected(-1);
         return;

@@ -2,7 +2,11 @@
 
 #include "platform/toolkit/CBaseWidget.h"
 #include "platform/toolkit/CIndexScrollBar.h"
+<<<<<<< HEAD
 #include "records/DepthExport.h"
+=======
+#include "tick/RowIdentity.h"
+>>>>>>> main
 #include "tick/tick_list_geometry.h"
 #include "tick/tick_resources.h"
 
@@ -19,6 +23,7 @@ namespace Kel {
 
 /// What the lists of deals, orders and cancels have in common: rows in column groups, drawn into a pixmap
 /// when there is news, a view that stays at the newest row until the user scrolls away, a selected row.
+/// The selection is of a record: it goes where its row goes, and away with it.
 ///
 /// Keys, with the focus in the list: up, down, left and right (the group beside), page up and down, home and
 /// end move the selection as a click does; escape drops it; the return key does what a double click does.
@@ -36,8 +41,8 @@ public:
     /// Rows as of the last look at the model.
     int total() const { return m_total; }
 
-    /// The selected row of the filtered list, -1 for none.
-    int selectedRow() const { return m_selectedIndex; }
+    /// Where the selected row stands in the filtered list at this moment, -1 for none.
+    int selectedRow() const;
 
     /// A row of the list as one line of text, columns divided by tabs; empty for a row that is not there.
     virtual QString rowText(int row) const = 0;
@@ -57,6 +62,9 @@ protected:
 
     /// Rows of the model's filtered list.
     virtual int modelCount() const = 0;
+
+    /// What a row of the model's filtered list is.
+    virtual RowIdentity identityOf(int row) const = 0;
 
     /// Draws separators and rows.
     virtual void drawGraph(QPainter* painter) = 0;
@@ -94,6 +102,9 @@ protected:
 
     /// The same with a painter in logical pixels.
     void drawBackground(QPainter* painter);
+
+    /// Selects a row, or none (-1), without moving the view.
+    void select(int row);
 
     /// Takes the selection away, when the rows become others: it is of a row, and another one would have it.
     void dropSelection();
@@ -135,7 +146,10 @@ protected:
     TextCache m_texts;
 
 private:
+    void newBuffer();
     void keyTo(int row);
+
+    RowIdentity m_selectedRow; ///< what is selected at `m_selectedIndex`
 };
 
 /// The user's refresh interval, or `fallback` without a user configuration; milliseconds.

@@ -143,27 +143,27 @@ TickTable cancelTable(const boost::shared_ptr<CModelDepthEntrust>& model)
 ETableResult writeCsv(const TickTable& table, QIODevice& device, ETableEncoding encoding,
                       const std::function<bool(int, int)>& progress)
 {
-    int total = table.rowCount();
     const TickTableWalk walk = table.walk();
     std::vector<QStringList> rows;
     QByteArray bytes = encoding == ETableEncoding::eUtf8WithMark ? QByteArray(kByteOrderMark) : QByteArray();
     bytes += encoded(line(table.columns), encoding);
-    for (int done = 0;;) {
-        const bool isEnd = done == total;
-        if (isEnd || done % kRowsPerWrite == 0) {
+    int done = 0;
+    int nextWrite = 0;
+    // The walk alone tells where the list ends: while it goes on, rows come before and behind it, and go.
+    for (bool isEnd = false;;) {
+        if (isEnd || done >= nextWrite) {
             if (device.write(bytes) != bytes.size())
                 return ETableResult::eDeviceFull;
             bytes.clear();
-            if (progress && !progress(done, total))
+            nextWrite = done + kRowsPerWrite;
+            if (progress && !progress(done, isEnd ? done : std::max(table.rowCount(), done)))
                 return ETableResult::eStopped;
         }
         if (isEnd)
             return ETableResult::eWritten;
-        if (!walk(std::min(kRowsPerLook, total - done), rows))
+        if (!walk(kRowsPerLook, rows))
             return ETableResult::eListChanged;
-        if (rows.empty())
-            total =
-                done; // rows went: cancels that the filter keeps no longer, now that their orders are known
+        isEnd = rows.empty();
         for (const QStringList& cells : rows)
             bytes += encoded(line(cells), encoding);
         done += static_cast<int>(rows.size());

@@ -50,7 +50,8 @@ enum class ETableResult
 
 /// Writes a table as comma-separated values, lines ended by CR and LF. `progress(done, total)` is called now
 /// and then, at the end too, and stops the writing by answering false; it may be empty. The list may grow
-/// meanwhile: no row is written twice or left out but those that come while the file is written.
+/// meanwhile, and `total` with it: no row is written twice, and none is left out but those that come while
+/// the file is written and belong before what was written.
 DEPTH_EXPORT ETableResult writeCsv(const TickTable& table, QIODevice& device, ETableEncoding encoding,
                                    const std::function<bool(int, int)>& progress);
 

@@ -21,11 +21,19 @@ struct TrackStyle
 {
     TrackStyle();
 
+    /// As `priceColor` and `sideColor` of the theme that the widget was made in.
+    const QColor& ofPrice(double price, double reference) const;
+    const QColor& ofSide(int side) const;
+
     QFont font;
     QColor ground;
     QColor caption;
     QColor text;
-    QColor ink;       ///< over the pie
+    QColor ink; ///< over the pie
+    QColor rise;
+    QColor fall;
+    QColor plain;     ///< neither
+    QColor selection; ///< outline of a row
     QColor cancelled; ///< of the pie
 };
 

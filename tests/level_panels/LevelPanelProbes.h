@@ -3,6 +3,7 @@
 #include "QuoteRecords.h"
 #include "level_panels/CDepthConciseStyleEntrustStatusWidget.h"
 #include "level_panels/CDepthEntrustStatusWidget.h"
+#include "platform/resources/CUiResource.h"
 #include "support/PaintRecorder.h"
 
 #include <QCoreApplication>
@@ -16,6 +17,19 @@
 
 /// The quote panels with everything open to the tests.
 namespace test {
+
+/// Whether a text stands in the font of a key. The fonts of the panels differ in size or stretch.
+inline bool hasFont(const testing_support::PaintCommand& text, const char* key)
+{
+    const auto& resource = utils::CSingletonT<Zeb::CUiResource>::instance();
+    const QFont& font = *resource.getFont(QLatin1String(key));
+    return text.kind == testing_support::PaintCommand::eText && text.font.pixelSize() == font.pixelSize() &&
+           text.font.stretch() == font.stretch();
+}
+
+constexpr const char* kTextFont = "ic_fnt_index_modulegroup_entruststatus_text";
+constexpr const char* kPriceFont = "ic_fnt_index_modulegroup_entruststatus_price";
+constexpr const char* kAmountFont = "ic_fnt_index_modulegroup_entruststatus_amount";
 
 template <class Panel>
 class LevelPanelProbe : public Panel

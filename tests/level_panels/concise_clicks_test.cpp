@@ -232,6 +232,30 @@ TEST_F(ConciseClicks, TheReceiverMayCloseThePanel)
     EXPECT_FALSE(panel);
 }
 
+TEST_F(ConciseClicks, WhoReceivesTheParametersMayChooseAnotherInstrument)
+{
+    test::addInstrument("SZ", "000001");
+    sendQuote();
+    m_panel.setPairParamFunc([this](const QString&) { m_panel.setStock("SZ000001"); });
+    m_panel.press(100, rowY(5));
+    EXPECT_TRUE(m_panel.m_clickRect.isNull()) << "of the new one no cell was clicked";
+    m_panel.press(100, rowY(5));
+    EXPECT_EQ(m_panel.m_clickRect, QRect(83, 120, 65, 24)) << "the same one once more is no change";
+}
+
+TEST_F(ConciseClicks, ALevelOfTheVectorsEndIsInvalid)
+{
+    sendQuote();
+    m_panel.m_model.bidLevels.resize(2);
+    EXPECT_EQ(click(100, 8), sent("11", "9.98", "0"));
+    EXPECT_EQ(click(100, 9), "");
+    QString message;
+    EXPECT_FALSE(m_panel.doTradeFunc(100, rowY(9), message));
+    EXPECT_EQ(message, QStringLiteral("价无效!"));
+    EXPECT_EQ(m_panel.foreground()->count("9.98"), 1);
+    EXPECT_EQ(m_panel.foreground()->count("9.97"), 0);
+}
+
 TEST_F(ConciseClicks, AfterAnUnknownCodeNothingIsSent)
 {
     sendQuote();

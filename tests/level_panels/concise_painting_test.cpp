@@ -307,6 +307,44 @@ TEST_F(ConcisePicture, MarkedCellsAreOutlinedTwoPixelsAboveTheirRow)
     EXPECT_EQ(marks[0].pen.color(), color("ic_clr_concise_entrust_amount"));
 }
 
+TEST_F(ConcisePicture, LabelsHaveTheTextFont)
+{
+    const auto picture = m_panel.background();
+    for (const char* label : {"委比", "委差", "卖五", "买五", "最新", "现手"})
+        EXPECT_TRUE(test::hasFont(picture->text(label), test::kTextFont)) << label;
+}
+
+TEST_F(ConcisePicture, NumbersHaveTheFontsOfPriceAndAmount)
+{
+    auto before = test::fullSnapshot();
+    before->askVolume[0] = 80;
+    m_panel.send(before);
+    auto next = test::fullSnapshot();
+    next->totalVolume += 4200;
+    m_panel.send(next);
+    const auto picture = m_panel.foreground();
+    for (const char* price : {"10.05", "9.95", "10.00", "32.89%", "500"})
+        EXPECT_TRUE(test::hasFont(picture->text(price), test::kPriceFont)) << price;
+    for (const char* amount : {"104", "204", "42", "+20"})
+        EXPECT_TRUE(test::hasFont(picture->text(amount), test::kAmountFont)) << amount;
+}
+
+TEST_F(ConcisePicture, BeforeItIsShownNothingStandsOnTheGround)
+{
+    ConciseProbe panel;
+    panel.setStock("SH600000");
+    panel.resize(300, 320);
+    QResizeEvent event(QSize(300, 320), QSize(10, 10));
+    QCoreApplication::sendEvent(&panel, &event);
+    ASSERT_EQ(panel.m_panelRect, QRect(0, 0, 300, 320));
+    const QImage before = panel.m_background.toImage();
+    QImage bare = before;
+    bare.fill(color("ic_clr_graph_kline_bg"));
+    EXPECT_EQ(before, bare);
+    panel.show();
+    EXPECT_NE(panel.m_background.toImage(), bare);
+}
+
 TEST_F(ConcisePicture, TheBackgroundWaitsUntilThePanelIsShown)
 {
     m_panel.hide();

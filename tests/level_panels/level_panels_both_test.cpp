@@ -145,6 +145,36 @@ TYPED_TEST(BothPanels, ShowTheLevelsThatMarketAndStatusAskFor)
     EXPECT_EQ(panel.getShelves(), 5) << "an unknown code leaves the levels";
 }
 
+TYPED_TEST(BothPanels, MayBeMadeForFiveLevels)
+{
+    test::LevelPanelProbe<TypeParam> panel(false);
+    panel.setStock("SH600000");
+    EXPECT_EQ(panel.getShelves(), 5);
+    panel.setLevelStatus(2);
+    EXPECT_EQ(panel.getShelves(), 10);
+}
+
+TYPED_TEST(BothPanels, PaintTheNumbersOverTheBackground)
+{
+    this->show();
+    auto& panel = this->m_panel;
+    panel.send(test::fullSnapshot());
+    panel.m_background.fill(Qt::magenta); // whatever stands there is copied
+    QImage ground(panel.size(), QImage::Format_RGB32);
+    ground.fill(Qt::magenta);
+    QImage expected = ground;
+    {
+        QPainter painter(&expected);
+        painter.setFont(panel.font());
+        panel.drawForeground(&painter);
+    }
+    ASSERT_NE(expected, ground);
+    QImage painted(panel.size(), QImage::Format_RGB32);
+    painted.fill(Qt::cyan);
+    panel.render(&painted, QPoint(), QRegion(), QWidget::RenderFlags());
+    EXPECT_EQ(painted, expected);
+}
+
 TYPED_TEST(BothPanels, TellTheHeightOfTheirRows)
 {
     auto& panel = this->m_panel;
@@ -216,6 +246,17 @@ TYPED_TEST(BothPanels, LogTheQuotesThatTheyShow)
     EXPECT_EQ(events[1].text, head + "update end [data heap check] code:SH600000, type:0, time:0");
     EXPECT_EQ(events[0].level, 20000);
     EXPECT_EQ(events[0].file, name);
+}
+
+TYPED_TEST(BothPanels, LogTheTimeOfTheLastRecord)
+{
+    this->show();
+    testing_support::LogCapture log;
+    const auto next = test::fullSnapshot();
+    next->m_time += 1500;
+    this->m_panel.quoterCallBack(3, -1, {test::fullSnapshot(), next}, true);
+    ASSERT_EQ(log.events().size(), 1u);
+    EXPECT_THAT(log.events()[0].text, ::testing::EndsWith("time:10:00:01.750"));
 }
 
 TYPED_TEST(BothPanels, ConnectedTicksShowAtOnce)

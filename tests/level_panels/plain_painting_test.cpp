@@ -17,13 +17,10 @@ QColor color(const char* key)
     return *utils::CSingletonT<Zeb::CUiResource>::instance().getColor(QLatin1String(key));
 }
 
-int pixels(const char* key)
-{
-    return utils::CSingletonT<Zeb::CUiResource>::instance().getFont(QLatin1String(key))->pixelSize();
-}
-
-constexpr const char* kPriceFont = "ic_fnt_index_modulegroup_entruststatus_price";
-constexpr const char* kAmountFont = "ic_fnt_index_modulegroup_entruststatus_amount";
+using test::hasFont;
+using test::kAmountFont;
+using test::kPriceFont;
+using test::kTextFont;
 
 class PlainPicture : public ::testing::Test
 {
@@ -107,8 +104,9 @@ TEST_F(PlainPicture, LabelsStandInTheirRowsFromTheTop)
     EXPECT_EQ(picture->text("最新").color(), color("ic_clr_entrust_lastest_text"));
     EXPECT_EQ(picture->text("现手").color(), color("ic_clr_entrust_lastest_text"));
     EXPECT_EQ(labelIn(QRect(3, 40, 30, 20), "卖").color(), color("ic_clr_entrust_default_text"));
-    EXPECT_EQ(labelIn(QRect(3, 240, 30, 20), "买").font.pixelSize(),
-              pixels("ic_fnt_index_modulegroup_entruststatus_text"));
+    EXPECT_TRUE(hasFont(labelIn(QRect(3, 240, 30, 20), "买"), kTextFont));
+    EXPECT_TRUE(hasFont(picture->text("最新"), kTextFont));
+    EXPECT_TRUE(hasFont(picture->text("现手"), kTextFont));
 }
 
 TEST_F(PlainPicture, RowsAboveThePanelArePassedOverAndThoseBelowEndIt)
@@ -129,16 +127,17 @@ TEST_F(PlainPicture, NumbersStandInTheirColumns)
     const auto picture = m_panel.foreground();
     const auto price = picture->text("10.01");
     EXPECT_TRUE(price.standsIn(QRect(83, 120, 65, 20), kRight));
-    EXPECT_EQ(price.font.pixelSize(), pixels(kPriceFont));
+    EXPECT_TRUE(hasFont(price, kPriceFont));
     EXPECT_EQ(price.color(), color("ic_clr_entrust_text_rise"));
     EXPECT_TRUE(picture->text("9.99").standsIn(QRect(83, 160, 65, 20), kRight));
     EXPECT_EQ(picture->text("9.99").color(), color("ic_clr_entrust_text_fall"));
     const auto volume = picture->text("100");
     EXPECT_TRUE(volume.standsIn(QRect(198, 120, 55, 20), kRight));
-    EXPECT_EQ(volume.font.pixelSize(), pixels(kAmountFont));
+    EXPECT_TRUE(hasFont(volume, kAmountFont));
     EXPECT_EQ(volume.color(), color("ic_clr_entrust_amount"));
     EXPECT_TRUE(picture->text("+20").standsIn(QRect(258, 120, 40, 20), kRight));
     EXPECT_EQ(picture->text("+20").color(), color("ic_clr_entrust_text_rise"));
+    EXPECT_TRUE(hasFont(picture->text("+20"), kAmountFont)) << "as the volume beside it";
     EXPECT_TRUE(picture->text("-30").standsIn(QRect(258, 160, 40, 20), kRight));
     EXPECT_EQ(picture->text("-30").color(), color("ic_clr_entrust_text_fall"));
     EXPECT_EQ(price.clip, QRectF(2, 2, 296, 296));
@@ -180,10 +179,10 @@ TEST_F(PlainPicture, TheMiddleRowHasLatestPriceAndVolume)
     const auto picture = m_panel.foreground();
     EXPECT_TRUE(picture->text("10.50").standsIn(QRect(83, 140, 65, 20), kRight));
     EXPECT_EQ(picture->text("10.50").color(), color("ic_clr_entrust_text_rise"));
-    EXPECT_EQ(picture->text("10.50").font.pixelSize(), pixels(kPriceFont));
+    EXPECT_TRUE(hasFont(picture->text("10.50"), kPriceFont));
     EXPECT_TRUE(picture->text("42").standsIn(QRect(300 - 65 - 55, 140, 115, 20), kRight));
     EXPECT_EQ(picture->text("42").color(), color("ic_clr_entrust_newvol_amount"));
-    EXPECT_EQ(picture->text("42").font.pixelSize(), pixels(kAmountFont));
+    EXPECT_TRUE(hasFont(picture->text("42"), kAmountFont));
 }
 
 TEST_F(PlainPicture, WithoutALatestPriceTheMiddleRowIsEmpty)
@@ -252,5 +251,9 @@ TEST_F(PlainPicture, TheBackgroundIsMadeWhileThePanelIsHidden)
     m_panel.ensurePolished();
     QResizeEvent event(QSize(280, 280), QSize(300, 300));
     QCoreApplication::sendEvent(&m_panel, &event);
-    EXPECT_EQ(m_panel.m_background.toImage().pixelColor(1, 1), color("ic_clr_graph_kline_bg"));
+    const QImage made = m_panel.m_background.toImage();
+    m_panel.drawBackground();
+    EXPECT_EQ(made, m_panel.m_background.toImage());
+    EXPECT_EQ(made.pixelColor(1, 1), color("ic_clr_graph_kline_bg"));
+    EXPECT_EQ(made.pixelColor(1, 130), color("ic_clr_dialog_stock_splitter"));
 }

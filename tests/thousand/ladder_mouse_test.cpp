@@ -193,6 +193,29 @@ TEST_F(LadderMouse, AClickElsewhereDropsTheSelection)
     }
 }
 
+TEST_F(LadderMouse, OtherButtonsThanTheLeftLeaveTheSelectionAloneButTakeATipAway)
+{
+    for (const Qt::MouseButton button : {Qt::RightButton, Qt::MiddleButton}) {
+        mouse(QEvent::MouseButtonPress, countAt(0), button);
+        EXPECT_FALSE(panel->m_selected);
+    }
+    click(countAt(0));
+    host.take();
+    painted();
+    for (const QPoint at : {priceAt(0), countAt(4), countAt(0), QPoint(1, 1)})
+        mouse(QEvent::MouseButtonPress, at, Qt::RightButton);
+    ASSERT_TRUE(panel->m_selected);
+    EXPECT_DOUBLE_EQ(panel->m_selected->price, 10.02);
+    EXPECT_TRUE(host.take().empty());
+    EXPECT_EQ(painted(), 0);
+    move(countAt(1));
+    rest(countAt(1));
+    painted();
+    mouse(QEvent::MouseButtonPress, countAt(1), Qt::RightButton);
+    EXPECT_FALSE(panel->m_showTip);
+    EXPECT_EQ(painted(), 1);
+}
+
 TEST_F(LadderMouse, AClickOnNothingWithoutASelectionRepaintsOnlyToTakeATipAway)
 {
     click(priceAt(0));

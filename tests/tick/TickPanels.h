@@ -72,6 +72,7 @@ class OpenList : public List
 {
 public:
     using List::List;
+    using List::m_buffer;
     using List::m_columnGap;
     using List::m_firstIndex;
     using List::m_followTail;
@@ -91,6 +92,16 @@ public:
         QPainter painter(recorder.get());
         this->drawBackground(&painter);
         return recorder;
+    }
+
+    /// The same as it must stand in the pixmap.
+    QImage pictureAsImage()
+    {
+        QPixmap pixmap(this->size());
+        QPainter painter(&pixmap);
+        this->drawBackground(&painter);
+        painter.end();
+        return pixmap.toImage();
     }
 
     /// The box of a column of the row at a place in the view, `offset` pixels from its group's left edge.

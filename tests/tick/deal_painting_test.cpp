@@ -221,6 +221,48 @@ TEST(DealPicture, HighlightedRowsHaveADarkGroundUpToTheStrip)
     EXPECT_EQ(panel.stripOffset(), (panel.m_layout.priceArea + 60) / 2 + 2 + 42 + 62);
 }
 
+namespace {
+
+/// A panel that can be moved to a screen of another resolution.
+class MovingPanel : public DealPanel
+{
+public:
+    int ratio = 1;
+    using CDepthTransactionWidget::m_buffer;
+
+protected:
+    int metric(PaintDeviceMetric which) const override
+    {
+        if (which == PdmDevicePixelRatio)
+            return ratio;
+        if (which == PdmDevicePixelRatioScaled)
+            return static_cast<int>(ratio * devicePixelRatioFScale());
+        return DealPanel::metric(which);
+    }
+};
+
+} // namespace
+
+TEST(DealPicture, IsDrawnAnewOnAScreenOfAnotherResolution)
+{
+    MovingPanel panel;
+    panel.fill(8);
+    EXPECT_EQ(panel.m_buffer.size(), QSize(540, 94));
+    for (const int ratio : {2, 1}) {
+        panel.ratio = ratio;
+        panel.grab();
+        EXPECT_EQ(panel.m_buffer.devicePixelRatioF(), ratio);
+        EXPECT_EQ(panel.m_buffer.size(), QSize(540, 94) * ratio);
+        EXPECT_EQ(panel.m_arrowUp.devicePixelRatioF(), ratio);
+        const QImage image = panel.m_buffer.toImage();
+        EXPECT_EQ(image.pixelColor(image.width() - 20, 0), colorOf("ic_clr_graph_kline_bg"));
+        QSet<QRgb> colors;
+        for (int x = 0; x < image.width() / 2; ++x)
+            colors.insert(image.pixel(x, panel.m_layout.rowRect(0).center().y() * ratio));
+        EXPECT_GT(colors.size(), 1) << "the rows are drawn";
+    }
+}
+
 TEST(DealPicture, ConciseStyleTakesItsOwnColours)
 {
     CConfig config;

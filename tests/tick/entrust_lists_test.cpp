@@ -328,6 +328,32 @@ TEST_F(EntrustLists, TrackingGivesTheOrdersThatMatchedThoughTheListChangesInBetw
     EXPECT_EQ(orderList.m_trackOrderNo, 6);
 }
 
+TEST_F(EntrustLists, TheHostMayEndTheListWhenATrackedOrderIsFound)
+{
+    orders({order(5, 1, 10, 5500, at(10, 0, 1)), order(6, 1, 10, 5500, at(10, 0, 1))});
+    auto list = std::make_unique<OpenOrders>(model, &orderTitle, &dialog, nullptr);
+    FirstEvent receiver([&] { list.reset(); });
+    list->addReceiver(&receiver);
+    list->setTrackOrderParam((10 * 3600 + 1) * 1000, 10, 55, 1, 42);
+    EXPECT_FALSE(list);
+    EXPECT_EQ(receiver.numbers, std::vector<int>{5});
+}
+
+TEST_F(EntrustLists, OtherButtonsThanTheLeftLeaveSelectionAndDialogAlone)
+{
+    orders({order(5, 1, 10, 5500, at(10, 0, 1)), order(6, 1, 10, 5500, at(10, 0, 2))});
+    for (const Qt::MouseButton button : {Qt::RightButton, Qt::MiddleButton}) {
+        QTest::mouseClick(&orderList, button, Qt::NoModifier, orderList.middleOf(0));
+        QTest::mouseDClick(&orderList, button, Qt::NoModifier, orderList.middleOf(0));
+        EXPECT_EQ(orderList.m_selectedIndex, -1);
+    }
+    EXPECT_FALSE(dialog.isVisible());
+    QTest::mouseClick(&orderList, Qt::LeftButton, Qt::NoModifier, orderList.middleOf(1));
+    for (const int place : {0, 1, 4})
+        QTest::mouseClick(&orderList, Qt::RightButton, Qt::NoModifier, orderList.middleOf(place));
+    EXPECT_EQ(orderList.m_selectedIndex, 1);
+}
+
 TEST_F(EntrustLists, AClickTogglesAndASecondDoubleClickKeepsTheSelection)
 {
     orders({order(5, 1, 10, 5500, at(10, 0, 1)), order(6, 1, 10, 5500, at(10, 0, 2))});

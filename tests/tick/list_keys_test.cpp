@@ -44,6 +44,35 @@ TEST(ListKeys, BringTheSelectedRowIntoView)
     EXPECT_EQ(panel.m_scrollBar->value(), 30);
 }
 
+TEST(ListKeys, BringARowIntoViewOfAListThatShrankOutOfIt)
+{
+    DealPanel panel;
+    panel.fill(60); // the view stands at row 50
+    SDepthFilterParam param;
+    param.relate = 1;
+    param.volume = 54; // 7 rows pass
+    panel.m_model->setFilterParam(param);
+    panel.slotTimeout();
+    ASSERT_EQ(panel.m_total, 7);
+    ASSERT_EQ(panel.m_firstIndex, 50);
+    QTest::keyClick(&panel, Qt::Key_Home);
+    EXPECT_EQ(panel.m_selectedIndex, 0);
+    EXPECT_EQ(panel.m_firstIndex, 0);
+    EXPECT_EQ(panel.m_scrollBar->value(), 0);
+    EXPECT_EQ(panel.m_buffer.toImage(), panel.pictureAsImage()) << "and draws it";
+    EXPECT_TRUE(panel.m_followTail) << "all of the list is shown, its tail too";
+    panel.fill(30, 61);
+    EXPECT_EQ(panel.m_firstIndex, 27);
+}
+
+TEST(ListKeys, ThatMoveTheViewDrawIt)
+{
+    DealPanel panel;
+    panel.fill(40);
+    QTest::keyClick(&panel, Qt::Key_Home);
+    EXPECT_EQ(panel.m_buffer.toImage(), panel.pictureAsImage());
+}
+
 TEST(ListKeys, EscapeDropsTheSelection)
 {
     DealPanel panel;

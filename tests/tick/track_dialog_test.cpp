@@ -338,6 +338,32 @@ TEST_F(Track, ColoursStayUntilTheDialogIsMadeAnew)
     resource.setTheme(QStringLiteral("dark"));
 }
 
+TEST_F(Track, AfterASwitchOfTheThemeAnOpenDialogKeepsAllItsColours)
+{
+    const auto images = [&] {
+        show(1, {record(1, 300), record(2, 200), record(3, 900)});
+        QTest::keyClick(dialog.m_deals->table(), Qt::Key_Home);
+        std::vector<QImage> result;
+        for (CTrackWidget* const widget :
+             {static_cast<CTrackWidget*>(dialog.m_graph), static_cast<CTrackWidget*>(dialog.m_orderInfo),
+              static_cast<CTrackWidget*>(dialog.m_deals), static_cast<CTrackWidget*>(dialog.m_deals->table()),
+              static_cast<CTrackWidget*>(dialog.m_cancelInfo)}) {
+            QImage image(widget->size(), QImage::Format_ARGB32_Premultiplied);
+            QPainter painter(&image);
+            widget->draw(painter);
+            result.push_back(image);
+        }
+        return result;
+    };
+    const std::vector<QImage> dark = images();
+    auto& resource = utils::CSingletonT<Zeb::CUiResource>::instance();
+    resource.setTheme(QStringLiteral("light"));
+    const std::vector<QImage> after = images();
+    resource.setTheme(QStringLiteral("dark"));
+    for (std::size_t part = 0; part < dark.size(); ++part)
+        EXPECT_EQ(after[part], dark[part]) << part;
+}
+
 TEST(TrackStyleOnALightGround, WritesInBlackWithTheSameOpacity)
 {
     auto& resource = utils::CSingletonT<Zeb::CUiResource>::instance();

@@ -6,6 +6,8 @@
 
 #include <QColor>
 
+#include <algorithm>
+
 namespace host {
 
 namespace {
@@ -43,6 +45,14 @@ void InstrumentModel::setPrices(int row, const PriceSeriesPtr& prices)
         return;
     m_rows[static_cast<std::size_t>(row)].prices = prices;
     update(row);
+}
+
+int InstrumentModel::rowOf(const QString& key) const
+{
+    const auto found = std::find_if(m_rows.begin(), m_rows.end(), [&key](const Row& row) {
+        return QString::fromStdString(row.detail.market + row.detail.code) == key;
+    });
+    return found == m_rows.end() ? -1 : static_cast<int>(found - m_rows.begin());
 }
 
 void InstrumentModel::setMoment(std::int64_t moment)

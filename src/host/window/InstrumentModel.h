@@ -30,6 +30,9 @@ public:
     void setInstruments(const std::vector<nelservice::CInstrumentDetail>& instruments);
     void setPrices(int row, const PriceSeriesPtr& prices);
 
+    /// Row of an instrument by its key ("SH600519"); -1 for an unknown one.
+    int rowOf(const QString& key) const;
+
     /// Shows the prices of this moment, ms since 1970-01-01 UTC.
     void setMoment(std::int64_t moment);
 

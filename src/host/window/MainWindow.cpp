@@ -57,8 +57,9 @@ MainWindow::MainWindow(const TerminalOptions& options)
 {
     setObjectName(QStringLiteral("MainWindow"));
     setWindowTitle(kTitle);
-    theme().setTheme(options.theme);
-    theme().setPriceColors(options.colors);
+    loadSettings();
+    theme().setTheme(m_options.theme);
+    theme().setPriceColors(m_options.colors);
     Kel::setExternalDataDir(options.externalData);
     makePanes();
     makeLayout();
@@ -66,10 +67,14 @@ MainWindow::MainWindow(const TerminalOptions& options)
     connectLoader();
     connectReplay();
     connectActions();
-    takeModes(options.modes);
+    takeModes(m_options.modes);
     setSpeed(options.speed);
     resize(options.size.isEmpty() ? kUsualSize : options.size);
     applyLayout(options.layout);
+    if (options.size.isEmpty())
+        restoreGeometry(m_settings.geometry);
+    if (!options.given.layout && !m_settings.state.isEmpty())
+        m_workspace->restore(m_settings.state);
     m_list->setFocus();
 }
 
@@ -143,6 +148,7 @@ void MainWindow::connectLoader()
     connect(m_bar, &ReplayBar::cancelAsked, m_loader.get(), &DayLoader::cancel);
     connect(m_list, &InstrumentList::chosen, this, [this](int row) {
         m_starting = false;
+        m_timeWanted = -1;
         m_bar->setLoading(0, 0);
         m_loader->load(row);
     });
@@ -177,6 +183,9 @@ void MainWindow::connectActions()
     connect(m_wiring.queue, &QueueCell::modesChanged, this,
             [this] { m_actions->showModes(m_wiring.queue->modes()); });
     connect(m_actions, &TerminalActions::layoutChosen, this, &MainWindow::applyLayout);
+    connect(m_actions, &TerminalActions::saveLayoutAsked, this, &MainWindow::askForLayoutName);
+    connect(m_actions, &TerminalActions::savedLayoutChosen, this, &MainWindow::restoreLayout);
+    connect(m_actions, &TerminalActions::removeLayoutAsked, this, &MainWindow::askWhichLayoutToRemove);
     connect(m_actions, &TerminalActions::filterAsked, this, &MainWindow::filterList);
     connect(m_actions, &TerminalActions::stripAsked, m_wiring.deals, &DealsPane::toggleStrip);
     connect(m_actions, &TerminalActions::copyAsked, this, &MainWindow::copySelection);
@@ -236,13 +245,15 @@ void MainWindow::openFolder(bool archive)
 void MainWindow::showDay(int index, const DayPtr& day)
 {
     // Another instrument of the same source goes on at the same time of day.
-    const bool goesOn = m_day && !m_sourceIsNew;
-    const std::int64_t timeOfDay = utils::timeOfDayMs(m_player->now());
+    const bool goesOn = (m_day && !m_sourceIsNew) || m_timeWanted >= 0;
+    const std::int64_t timeOfDay = m_timeWanted >= 0 ? m_timeWanted : utils::timeOfDayMs(m_player->now());
+    m_timeWanted = -1;
     const bool first = !m_day;
     if (first || m_sourceIsNew)
         m_information->setSource(m_nextSource);
     m_sourceIsNew = false;
     m_starting = false;
+    endTracking(); // there the same number is another order
     m_day = day;
     m_index = index;
     m_range = dayRange(*day);
@@ -291,6 +302,7 @@ void MainWindow::onHalted(int number)
 
 void MainWindow::onFailed(const QString& reason)
 {
+    m_timeWanted = -1;
     m_bar->setLoaded();
     if (m_starting) {
         m_starting = false;
@@ -303,6 +315,7 @@ void MainWindow::onFailed(const QString& reason)
 
 void MainWindow::onCancelled()
 {
+    m_timeWanted = -1;
     m_starting = false;
     m_bar->setLoaded();
     showRowOfDay();

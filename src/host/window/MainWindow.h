@@ -6,6 +6,7 @@
 #include "host/window/TerminalOptions.h"
 #include "host/window/TerminalServices.h"
 #include "host/window/day_moments.h"
+#include "host/window/settings/TerminalSettings.h"
 #include "host/window/workspace/panel_wiring.h"
 #include "platform/resources/CUiResourceChangeHandler.h"
 
@@ -29,7 +30,7 @@ class TicketPane;
 class Workspace;
 
 /// The terminal's window: the instruments and the panels of the chosen one in the panes of a workspace, the
-/// replay below. It remembers nothing on disk. GUI thread.
+/// replay below. GUI thread.
 class MainWindow : public QMainWindow, public Zeb::CUiResourceChangeHandler
 {
     Q_OBJECT
@@ -72,6 +73,21 @@ public:
 
     void themeChanged() override;
 
+    /// What is remembered between runs, as it is now.
+    const TerminalSettings& settings() const { return m_settings; }
+
+    /// Names the present arrangement of the panes and the place of the replay; a name that is there already
+    /// is given to the new one.
+    void saveLayout(const QString& name);
+
+    /// Brings panes and replay back; nothing for an unknown name.
+    void restoreLayout(const QString& name);
+
+    void removeLayout(const QString& name);
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
 Q_SIGNALS:
     /// An instrument's history up to the moment of the replay has reached the panels.
     void shown();
@@ -108,9 +124,15 @@ private:
     void trackOrder();
     void endTracking();
     void tellResult(const FileResult& result);
+    void loadSettings();
+    void storeSettings();
+    void showSavedLayouts();
+    void askForLayoutName();
+    void askWhichLayoutToRemove();
     std::int64_t firstMoment() const;
 
     TerminalOptions m_options;
+    TerminalSettings m_settings;
     TerminalServices m_services; ///< outlives the panels
     FeedHub m_hub;
     std::unique_ptr<ReplayPlayer> m_player;
@@ -127,7 +149,8 @@ private:
     TerminalActions* m_actions;
     QTimer m_follow;
 
-    DaySource m_nextSource; ///< the one that was opened last
+    DaySource m_nextSource;         ///< the one that was opened last
+    std::int64_t m_timeWanted = -1; ///< of a restored layout, for the day that is being loaded
     DayPtr m_day;
     DayRange m_range;
     int m_index = -1;           ///< row of the day in the list

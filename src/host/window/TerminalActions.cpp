@@ -1,6 +1,8 @@
 #include "host/window/TerminalActions.h"
 
+#include "holographic/CDepthHolographicWidget.h"
 #include "host/window/workspace/layouts.h"
+#include "tick/CDepthTransactionWidget.h"
 
 #include <QAbstractButton>
 #include <QAction>
@@ -24,6 +26,20 @@ QString modeName(Kel::EQueueMode mode)
     return QStringLiteral("mode%1").arg(int(mode));
 }
 
+/// Whether a key presses a button, opens a choice, shows the tip of a selected deal or makes the rows of a
+/// chart higher or lower.
+bool isOwnKey(const QWidget& widget, const QKeyEvent& event)
+{
+    const bool isControl = (event.modifiers() & ~Qt::KeypadModifier) == Qt::ControlModifier;
+    if (isControl && (event.key() == Qt::Key_Up || event.key() == Qt::Key_Down))
+        return qobject_cast<const Kel::CDepthHolographicWidget*>(&widget) != nullptr;
+    if (event.key() != Qt::Key_Space)
+        return false;
+    const auto* deals = qobject_cast<const Kel::CDepthTransactionWidget*>(&widget);
+    return (deals && deals->selectedRow() >= 0) || qobject_cast<const QAbstractButton*>(&widget) ||
+           qobject_cast<const QComboBox*>(&widget);
+}
+
 QString colorsName(Zeb::EPriceColors colors)
 {
     return QStringLiteral("colors%1").arg(int(colors));
@@ -42,14 +58,13 @@ TerminalActions::TerminalActions(QMainWindow* window) : QObject(window), m_windo
     qApp->installEventFilter(this);
 }
 
-/// The key that presses a focused button or opens a choice is theirs, whatever the window uses it for.
+/// What a focused widget does with a key is its own, whatever the window uses the key for.
 bool TerminalActions::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() != QEvent::ShortcutOverride || static_cast<QKeyEvent*>(event)->key() != Qt::Key_Space)
+    if (event->type() != QEvent::ShortcutOverride)
         return false;
     for (auto* widget = qobject_cast<QWidget*>(watched); widget; widget = widget->parentWidget()) {
-        const bool presses = qobject_cast<QAbstractButton*>(widget) || qobject_cast<QComboBox*>(widget);
-        if (presses && m_window->isAncestorOf(widget)) {
+        if (m_window->isAncestorOf(widget) && isOwnKey(*widget, *static_cast<QKeyEvent*>(event))) {
             event->accept();
             return true;
         }
@@ -180,6 +195,13 @@ void TerminalActions::makePaneMenu()
         connect(action, &QAction::triggered, this, [this, id = layout.id] { Q_EMIT layoutChosen(id); });
     }
     menu->addSeparator();
+    m_layoutMenu = menu->addMenu(QStringLiteral("我的布局"));
+    connect(add(menu, "saveLayout", QStringLiteral("保存布局…"), QStringLiteral("Ctrl+Shift+S")),
+            &QAction::triggered, this, &TerminalActions::saveLayoutAsked);
+    connect(add(menu, "removeLayout", QStringLiteral("删除布局…"), QString()), &QAction::triggered, this,
+            &TerminalActions::removeLayoutAsked);
+    showSavedLayouts({});
+    menu->addSeparator();
     connect(add(menu, "filter", QStringLiteral("筛选逐笔列表…"), QStringLiteral("Ctrl+L")),
             &QAction::triggered, this, &TerminalActions::filterAsked);
     connect(add(menu, "strip", QStringLiteral("全息条"), QStringLiteral("Ctrl+H")), &QAction::triggered, this,
@@ -200,6 +222,20 @@ void TerminalActions::makePaneMenu()
             &QAction::triggered, this, &TerminalActions::trackEndAsked);
     menu->addSeparator();
     m_paneMenu = menu;
+}
+
+void TerminalActions::showSavedLayouts(const QStringList& names)
+{
+    m_layoutMenu->clear();
+    m_layoutMenu->setEnabled(!names.isEmpty());
+    for (const QString& name : names) {
+        // An ampersand of the name is no mnemonic.
+        QAction* action =
+            m_layoutMenu->addAction(QString(name).replace(QLatin1Char('&'), QLatin1String("&&")));
+        connect(action, &QAction::triggered, this, [this, name] { Q_EMIT savedLayoutChosen(name); });
+    }
+    if (QAction* remove = action(QStringLiteral("removeLayout")))
+        remove->setEnabled(!names.isEmpty());
 }
 
 void TerminalActions::addPanes(const QList<QAction*>& toggles)

@@ -28,6 +28,9 @@ public:
     void showColors(Zeb::EPriceColors colors);
     void showPlaying(bool playing);
 
+    /// Lists the layouts that a person has named.
+    void showSavedLayouts(const QStringList& names);
+
     /// Lists what shows and hides the panes.
     void addPanes(const QList<QAction*>& toggles);
 
@@ -36,6 +39,9 @@ public:
 
 Q_SIGNALS:
     void layoutChosen(const QString& id);
+    void saveLayoutAsked();
+    void savedLayoutChosen(const QString& name);
+    void removeLayoutAsked();
     void filterAsked();
     void stripAsked();
     void copyAsked();
@@ -73,6 +79,7 @@ private:
     QMainWindow* m_window;
     QueueModes m_modes;
     QMenu* m_paneMenu = nullptr;
+    QMenu* m_layoutMenu = nullptr;
 };
 
 } // namespace host

@@ -39,7 +39,17 @@ struct TerminalOptions
     QueueModes modes;
     QString layout = QStringLiteral("queue"); ///< id of a shipped one
     QString externalData;                     ///< folder of local information files; empty for none
-    QSize size;                               ///< of the window, pixels at 100 %; empty for the usual one
+    QString settingsFile;                     ///< what is remembered between runs; empty for nothing
+
+    /// What the command line names; the rest is as it was in the last run.
+    struct Given
+    {
+        bool theme = false;
+        bool colors = false;
+        bool modes = false;
+        bool layout = false;
+    } given;
+    QSize size; ///< of the window, pixels at 100 %; empty for the usual one
 
     QString shot;             ///< file of a picture; empty for a window
     double scale = 1;         ///< of the picture

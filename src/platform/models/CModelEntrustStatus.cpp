@@ -40,6 +40,21 @@ bool isPrice(double price, double tick)
     return std::fabs(price) > tick / kTickShare;
 }
 
+const quoter::TransactionData* dealOf(const quoter::QuoterBase* record)
+{
+    const auto* deal = quoter::recordCast<quoter::TransactionData>(record);
+    return deal && deal->kind != quoter::eTransactionCancel ? deal : nullptr;
+}
+
+/// Whether a batch of status 0 is a reload of what is shown here. Published level records come the same way,
+/// and they come after the snapshots.
+bool isReload(const std::vector<boost::shared_ptr<quoter::QuoterBase>>& records)
+{
+    return records.empty() || std::any_of(records.begin(), records.end(), [](const auto& record) {
+               return quoter::recordCast<quoter::QuoterDepthData>(record.get()) || dealOf(record.get());
+           });
+}
+
 /// Shares traded between two snapshots; a total that is negative counts as none.
 std::int64_t tradedBetween(const quoter::QuoterDepthData& before, const quoter::QuoterDepthData& after)
 {
@@ -113,7 +128,7 @@ bool CModelEntrustStatus::quoterCallBack(int, int status,
     Lock lock(m_mutex);
     if (!instrument)
         return false;
-    if (status == 0)
+    if (status == 0 && isReload(records))
         forgetBase();
     if (status == 0 && records.empty()) {
         for (EntrustLevel& level : bidLevels)
@@ -146,8 +161,8 @@ bool CModelEntrustStatus::take(const quoter::QuoterBase* record)
 {
     if (const auto* snapshot = quoter::recordCast<quoter::QuoterDepthData>(record))
         return takeSnapshot(*snapshot);
-    const auto* deal = quoter::recordCast<quoter::TransactionData>(record);
-    return deal && deal->kind != quoter::eTransactionCancel && takeDeal(*deal);
+    const auto* deal = dealOf(record);
+    return deal && takeDeal(*deal);
 }
 
 bool CModelEntrustStatus::takeSnapshot(const quoter::QuoterDepthData& snapshot)

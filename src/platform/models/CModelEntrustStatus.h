@@ -77,9 +77,9 @@ public:
     double getLastClosePrice() const;
 
     /// Takes depth snapshots and deals, oldest first; records of other types are skipped. `status` 0 opens a
-    /// reload: changes begin anew, and with no records the changes shown become 0. `seq` counts the calls and
-    /// is not looked at. True if anything that the panel shows has changed; always for status 0 without
-    /// records. Without an instrument nothing is taken.
+    /// reload: changes begin anew, and with no records the changes shown become 0; a batch of nothing but
+    /// other types opens none. `seq` counts the calls and is not looked at. True if anything that the panel
+    /// shows has changed; always for status 0 without records. Without an instrument nothing is taken.
     bool quoterCallBack(int seq, int status,
                         const std::vector<boost::shared_ptr<quoter::QuoterBase>>& records);
 

@@ -72,6 +72,9 @@ TEST(TerminalProgram, RefusesWrongArgumentsWithOneLine)
         {QStringLiteral("--day"), QStringLiteral("a"), QStringLiteral("--seed"), QStringLiteral("1")},
         {QStringLiteral("--import"), QStringLiteral("auto")},
         {QStringLiteral("--scale"), QStringLiteral("2")},
+        {QStringLiteral("--layout"), QStringLiteral("nonsense")},
+        {QStringLiteral("--layout"), QStringLiteral("")},
+        {QStringLiteral("--external-data"), QStringLiteral("/nowhere")},
     };
     for (const QStringList& arguments : wrong) {
         const ProgramRun result = run(arguments);
@@ -101,6 +104,42 @@ TEST(TerminalProgram, NamesAMissingFolderAndABrokenFileWithItsLine)
     result = run({QStringLiteral("--shot"), shot, QStringLiteral("--instrument"), QStringLiteral("nobody")});
     EXPECT_EQ(result.exitCode, 2);
     EXPECT_EQ(result.errorLines().size(), 1);
+}
+
+TEST(TerminalProgram, NamesTheWrongLayoutAndTheMissingFolderOfInformation)
+{
+    ProgramRun result = run({QStringLiteral("--layout"), QStringLiteral("nonsense")});
+    EXPECT_EQ(result.exitCode, 2);
+    EXPECT_TRUE(result.err.contains(QStringLiteral("--layout")) &&
+                result.err.contains(QStringLiteral("nonsense")))
+        << result.err.toStdString();
+    result = run({QStringLiteral("--external-data"), QStringLiteral("/nowhere/at/all")});
+    EXPECT_EQ(result.exitCode, 2);
+    EXPECT_TRUE(result.err.contains(QStringLiteral("/nowhere/at/all"))) << result.err.toStdString();
+    const QTemporaryDir folder;
+    const QString file = folder.path() + QStringLiteral("/file");
+    testing_support::writeFile(file, "no folder");
+    EXPECT_EQ(run({QStringLiteral("--external-data"), file}).exitCode, 2) << "a file is no folder";
+}
+
+TEST(TerminalProgram, ShowsTheAskedLayout)
+{
+    const QTemporaryDir folder;
+    std::vector<QImage> pictures;
+    for (const char* layout : {"queue", "tick", "chart"}) {
+        const QString file =
+            folder.path() + QLatin1Char('/') + QLatin1String(layout) + QStringLiteral(".png");
+        const ProgramRun result =
+            run({QStringLiteral("--shot"), file, QStringLiteral("--layout"), QString::fromLatin1(layout),
+                 QStringLiteral("--at"), QStringLiteral("9:40"), QStringLiteral("--size"),
+                 QStringLiteral("900x600"), QStringLiteral("--external-data"), folder.path()});
+        EXPECT_EQ(result.exitCode, 0) << result.err.toStdString();
+        const QImage picture(file);
+        ASSERT_FALSE(picture.isNull());
+        for (const QImage& other : pictures)
+            EXPECT_NE(picture, other) << layout;
+        pictures.push_back(picture);
+    }
 }
 
 TEST(TerminalProgram, SaysWhenAPictureCannotBeWritten)
@@ -145,8 +184,9 @@ TEST(TerminalProgram, TellsItsOptionsAndVersion)
 {
     const ProgramRun help = run({QStringLiteral("--help")});
     EXPECT_EQ(help.exitCode, 0);
-    for (const char* option : {"--day", "--import", "--seed", "--speed", "--at", "--instrument", "--theme",
-                               "--colors", "--mode", "--shot", "--size", "--scale"})
+    for (const char* option :
+         {"--day", "--import", "--seed", "--speed", "--at", "--instrument", "--theme", "--colors", "--mode",
+          "--shot", "--size", "--scale", "--layout", "--external-data"})
         EXPECT_TRUE(help.out.contains(QString::fromLatin1(option))) << option;
     EXPECT_TRUE(run({QStringLiteral("--version")}).out.startsWith(QStringLiteral("depth-terminal ")));
 }

@@ -67,9 +67,18 @@ TEST_F(Cell, ALevelButtonChangesThePanelThereAndBack)
     EXPECT_EQ(panel.getQueueModeLevel(), 1);
 }
 
+/// A cell whose header has no panel.
+class PlainCell : public host::PanelCell
+{
+public:
+    PlainCell() : PanelCell(QStringLiteral("plain"), QStringLiteral("Plain"), nullptr) {}
+
+    void setInstrument(const QString&) override {}
+};
+
 TEST_F(Cell, AnswersWishesForModesOnly)
 {
-    host::PanelCell plain(QStringLiteral("plain"));
+    PlainCell plain;
     for (int mode = 0; mode <= 5; ++mode)
         EXPECT_TRUE(plain.handleEvent(1396, mode, 0, QString(), nullptr)) << mode;
     for (const int mode : {-1, 6, 7, 8, 9, 10, 11, 12})

@@ -249,6 +249,64 @@ TEST_F(EntrustStatusModel, AReloadBeginsTheChangesAnew)
     EXPECT_EQ(m_model.bidLevels[0].change, 0);
 }
 
+TEST_F(EntrustStatusModel, AReloadOfPublishedLevelsLeavesTheSnapshotBefore)
+{
+    auto record = withBid(snapshot(), 0, 10, 100);
+    record->totalVolume = 100000;
+    send(record);
+    EXPECT_FALSE(send(boost::make_shared<quoter::LevelOrderData>(), 0));
+    EXPECT_FALSE(send(deal(0, 900, quoter::eTransactionCancel), 0));
+    EXPECT_FALSE(send(nullptr, 0));
+    record = withBid(snapshot(kNoon + 3000), 0, 10, 140);
+    record->totalVolume = 101200;
+    send(record);
+    EXPECT_EQ(m_model.bidLevels[0].change, 40);
+    EXPECT_EQ(m_model.newVolume, 12);
+}
+
+TEST_F(EntrustStatusModel, AReloadOfSnapshotsOrDealsBeginsTheChangesAnew)
+{
+    send(withBid(snapshot(), 0, 10, 100));
+    const quoter::QuoterBasePtr published = boost::make_shared<quoter::LevelOrderData>();
+    m_model.quoterCallBack(0, 0, {published, withBid(snapshot(), 0, 10, 140)});
+    EXPECT_EQ(m_model.bidLevels[0].change, 0);
+    send(deal(10, 300), 0);
+    send(withBid(snapshot(), 0, 10, 150));
+    EXPECT_EQ(m_model.bidLevels[0].change, 0);
+}
+
+TEST_F(EntrustStatusModel, AfterATotalThatWentBackThereIsNoSnapshotBefore)
+{
+    auto record = withBid(snapshot(), 0, 10, 100);
+    record->totalVolume = 100000;
+    send(record);
+    record = withBid(snapshot(kNoon + 3000), 0, 10, 140);
+    record->totalVolume = 99000;
+    send(record);
+    EXPECT_EQ(m_model.bidLevels[0].change, 0);
+    EXPECT_EQ(m_model.newVolume, 0);
+    record = withBid(snapshot(kNoon + 6000), 0, 10, 150);
+    record->totalVolume = 99500;
+    send(record);
+    EXPECT_EQ(m_model.bidLevels[0].change, 10);
+    EXPECT_EQ(m_model.newVolume, 5) << "the lower total is what the next one is held against";
+}
+
+TEST_F(EntrustStatusModel, ATotalThatWentBackLetsSnapshotsTellTheNewVolumeAgain)
+{
+    auto record = snapshot();
+    record->totalVolume = 100000;
+    send(record);
+    send(deal(10, 300), 1);
+    record = snapshot();
+    record->totalVolume = 500;
+    send(record);
+    record = snapshot();
+    record->totalVolume = 1200;
+    send(record);
+    EXPECT_EQ(m_model.newVolume, 7) << "the deals were those of the time before";
+}
+
 TEST_F(EntrustStatusModel, ASnapshotOfAnEarlierMomentHasNoneBeforeIt)
 {
     send(withBid(snapshot(kNoon), 0, 10, 100));

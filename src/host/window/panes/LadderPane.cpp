@@ -4,6 +4,7 @@
 #include "thousand/CDepthThousandDataWidget.h"
 #include "thousand/CSingleQueueWidget.h"
 
+#include <QDockWidget>
 #include <QEvent>
 #include <QScreen>
 #include <QStackedWidget>
@@ -107,6 +108,8 @@ void LadderPane::answerSelection(int first, int top)
         hideOrders();
         return;
     }
+    if (m_behind)
+        return;
     if (m_shown == m_ready) { // what comes with a selection is of a ladder rebuilt from orders
         tick = m_ready->getPriceTick();
         unit = m_unit;
@@ -153,7 +156,22 @@ bool LadderPane::event(QEvent* event)
 {
     if (event->type() == QEvent::Hide || event->type() == QEvent::ParentChange)
         m_orders->hide(); // the next news shows it again, beside the ladder's new place
+    if (event->type() == QEvent::ParentChange)
+        followDock();
     return Pane::event(event);
+}
+
+/// A pane behind other tabs is not hidden: its dock stands where nobody sees it.
+void LadderPane::followDock()
+{
+    const auto* dock = qobject_cast<QDockWidget*>(parentWidget());
+    if (!dock)
+        return;
+    connect(dock, &QDockWidget::visibilityChanged, this, [this](bool inFront) {
+        m_behind = !inFront;
+        if (m_behind)
+            m_orders->hide();
+    });
 }
 
 bool LadderPane::eventFilter(QObject* watched, QEvent* event)

@@ -44,6 +44,7 @@ private:
     void hideOrders();
     void placeOrders();
     void followWindow();
+    void followDock();
 
     QStackedWidget* m_stack;
     Kel::CDepthThousandDataWidget* m_rebuilt;
@@ -53,6 +54,7 @@ private:
     QPointer<QWidget> m_followed; ///< the window whose moves are followed
     int m_top = 0;                ///< of the selected row, pixels of the panel
     int m_unit = 100;             ///< shares of a lot
+    bool m_behind = false;        ///< another tab is in front, or the pane is closed
 };
 
 } // namespace host

@@ -103,8 +103,23 @@ void Workspace::apply(const Layout& layout)
             front->raise();
         }
     }
+    // A closed pane has a place as well: an arrangement without one would show it.
+    for (QDockWidget* closed : m_docks) {
+        if (closed->isHidden() && left) {
+            tabifyDockWidget(left, closed);
+            closed->hide();
+        }
+    }
     m_layout = &layout;
     share();
+}
+
+bool Workspace::restore(const QByteArray& arrangement)
+{
+    if (!restoreState(arrangement))
+        return false;
+    m_layout = nullptr; // the borders are those of the arrangement
+    return true;
 }
 
 /// Gives columns and cells their shares of the room.

@@ -33,6 +33,10 @@ public:
     /// workspace.
     void apply(const Layout& layout);
 
+    /// The arrangement as bytes, and back; false, with no change, for bytes that are none.
+    QByteArray arrangement() const { return saveState(); }
+    bool restore(const QByteArray& arrangement);
+
     /// The pane that had the focus last, if it is shown; null otherwise.
     Pane* currentPane() const;
 

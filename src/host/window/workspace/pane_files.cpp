@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QFileInfo>
 #include <QPixmap>
 #include <QProgressDialog>
 #include <QSaveFile>
@@ -18,6 +19,13 @@ FileResult failed(const QString& file, const QString& reason)
             QStringLiteral("无法写入 ") + QDir::toNativeSeparators(file) + QStringLiteral("：") + reason};
 }
 
+/// Devices and pipes are no place for a file: writing would put a file in their stead.
+bool isNoFile(const QString& file)
+{
+    const QFileInfo info(file);
+    return info.exists() && !info.isFile();
+}
+
 FileResult finish(QSaveFile& target)
 {
     const QString file = target.fileName();
@@ -30,6 +38,8 @@ FileResult finish(QSaveFile& target)
 
 FileResult writeTable(const PaneTable& table, const QString& file, bool gbk, QWidget* window)
 {
+    if (isNoFile(file))
+        return failed(file, QStringLiteral("不是文件"));
     QSaveFile target(file);
     if (!target.open(QIODevice::WriteOnly))
         return failed(file, target.errorString());
@@ -56,6 +66,8 @@ FileResult writeTable(const PaneTable& table, const QString& file, bool gbk, QWi
 
 FileResult writePicture(QWidget& pane, const QString& file)
 {
+    if (isNoFile(file))
+        return failed(file, QStringLiteral("不是文件"));
     QSaveFile target(file);
     if (!target.open(QIODevice::WriteOnly))
         return failed(file, target.errorString());

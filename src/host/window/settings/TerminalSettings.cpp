@@ -1,0 +1,173 @@
+#include "host/window/settings/TerminalSettings.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QSaveFile>
+#include <QStandardPaths>
+
+namespace host {
+
+namespace {
+
+constexpr qint64 kMostBytes = 16 << 20; // of a settings file; more is none of ours
+constexpr std::int64_t kDayMs = 24 * 60 * 60 * std::int64_t(1000);
+
+QByteArray bytesOf(const QJsonValue& value)
+{
+    return QByteArray::fromBase64(value.toString().toLatin1());
+}
+
+QString textOf(const QByteArray& bytes)
+{
+    return QString::fromLatin1(bytes.toBase64());
+}
+
+struct ColorsWord
+{
+    Zeb::EPriceColors colors;
+    const char* word;
+};
+
+constexpr ColorsWord kColors[] = {
+    {Zeb::EPriceColors::eRedUp, "red-up"},
+    {Zeb::EPriceColors::eGreenUp, "green-up"},
+    {Zeb::EPriceColors::eColorBlind, "color-blind"},
+};
+
+QString wordOf(Zeb::EPriceColors colors)
+{
+    for (const ColorsWord& entry : kColors) {
+        if (entry.colors == colors)
+            return QString::fromLatin1(entry.word);
+    }
+    return {};
+}
+
+QJsonArray wordsOf(const QueueModes& modes)
+{
+    QJsonArray words;
+    for (const std::string& word : modeWords()) {
+        QueueModes changed = modes;
+        takeModeWord(word, changed);
+        const bool inForce =
+            changed.levels == modes.levels && changed.style == modes.style && changed.full == modes.full;
+        if (inForce)
+            words.append(QString::fromStdString(word));
+    }
+    return words;
+}
+
+void take(const QJsonObject& root, TerminalSettings& settings)
+{
+    const QString theme = root.value(QLatin1String("theme")).toString();
+    if (theme == QLatin1String("dark") || theme == QLatin1String("light"))
+        settings.theme = theme;
+    for (const ColorsWord& entry : kColors) {
+        if (root.value(QLatin1String("colors")).toString() == QLatin1String(entry.word))
+            settings.colors = entry.colors;
+    }
+    for (const QJsonValue& word : root.value(QLatin1String("modes")).toArray())
+        takeModeWord(word.toString().toStdString(), settings.modes);
+    settings.geometry = bytesOf(root.value(QLatin1String("geometry")));
+    settings.state = bytesOf(root.value(QLatin1String("state")));
+    settings.layouts.clear();
+    for (const QJsonValue& value : root.value(QLatin1String("layouts")).toArray()) {
+        const QJsonObject saved = value.toObject();
+        SavedLayout layout;
+        layout.name = saved.value(QLatin1String("name")).toString();
+        layout.state = bytesOf(saved.value(QLatin1String("state")));
+        layout.instrument = saved.value(QLatin1String("instrument")).toString();
+        const double time = saved.value(QLatin1String("timeOfDay")).toDouble(-1);
+        if (time >= 0 && time < static_cast<double>(kDayMs))
+            layout.timeOfDay = static_cast<std::int64_t>(time);
+        if (!layout.name.isEmpty() && !layout.state.isEmpty())
+            settings.layouts.push_back(layout);
+    }
+}
+
+QString setAside(const QString& file, const QString& reason)
+{
+    const QString aside = file + QStringLiteral(".broken");
+    QFile::remove(aside);
+    QFile::rename(file, aside);
+    return QStringLiteral("设置文件已损坏（") + reason + QStringLiteral("），已另存为 ") +
+           QDir::toNativeSeparators(aside);
+}
+
+} // namespace
+
+void readSettings(const QString& file, TerminalSettings& settings, QString& problem)
+{
+    QFile source(file);
+    if (!source.exists())
+        return;
+    if (source.size() > kMostBytes || !QFileInfo(file).isFile()) {
+        problem = setAside(file, QStringLiteral("不是设置文件"));
+        return;
+    }
+    if (!source.open(QIODevice::ReadOnly)) {
+        problem = QStringLiteral("无法读取设置 ") + QDir::toNativeSeparators(file) + QStringLiteral("：") +
+                  source.errorString();
+        return;
+    }
+    QJsonParseError error;
+    const QJsonDocument document = QJsonDocument::fromJson(source.readAll(), &error);
+    source.close();
+    if (!document.isObject()) {
+        problem = setAside(file, error.error == QJsonParseError::NoError ? QStringLiteral("不是对象")
+                                                                         : error.errorString());
+        return;
+    }
+    take(document.object(), settings);
+}
+
+bool writeSettings(const QString& file, const TerminalSettings& settings, QString& problem)
+{
+    QJsonObject root;
+    root.insert(QStringLiteral("theme"), settings.theme);
+    root.insert(QStringLiteral("colors"), wordOf(settings.colors));
+    root.insert(QStringLiteral("modes"), wordsOf(settings.modes));
+    root.insert(QStringLiteral("geometry"), textOf(settings.geometry));
+    root.insert(QStringLiteral("state"), textOf(settings.state));
+    QJsonArray layouts;
+    for (const SavedLayout& layout : settings.layouts) {
+        QJsonObject saved;
+        saved.insert(QStringLiteral("name"), layout.name);
+        saved.insert(QStringLiteral("state"), textOf(layout.state));
+        saved.insert(QStringLiteral("instrument"), layout.instrument);
+        saved.insert(QStringLiteral("timeOfDay"), static_cast<double>(layout.timeOfDay));
+        layouts.append(saved);
+    }
+    root.insert(QStringLiteral("layouts"), layouts);
+
+    QDir().mkpath(QFileInfo(file).path());
+    QSaveFile target(file);
+    const QByteArray text = QJsonDocument(root).toJson();
+    if (target.open(QIODevice::WriteOnly) && target.write(text) == text.size() && target.commit())
+        return true;
+    problem = QStringLiteral("无法写入设置 ") + QDir::toNativeSeparators(file) + QStringLiteral("：") +
+              target.errorString();
+    return false;
+}
+
+QString usualSettingsFile()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+           QStringLiteral("/depth-terminal/settings.json");
+}
+
+void mergeSettings(const TerminalSettings& settings, TerminalOptions& options)
+{
+    if (!options.given.theme)
+        options.theme = settings.theme;
+    if (!options.given.colors)
+        options.colors = settings.colors;
+    if (!options.given.modes)
+        options.modes = settings.modes;
+}
+
+} // namespace host

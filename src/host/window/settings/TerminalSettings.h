@@ -1,0 +1,48 @@
+#pragma once
+
+#include "host/window/TerminalOptions.h"
+
+#include <QByteArray>
+#include <QString>
+
+#include <cstdint>
+#include <vector>
+
+namespace host {
+
+/// An arrangement of the panes that a person has named, with the place of the replay at that time.
+struct SavedLayout
+{
+    QString name;
+    QByteArray state;            ///< of the workspace
+    QString instrument;          ///< key, empty for none
+    std::int64_t timeOfDay = -1; ///< ms since midnight at the exchange; below 0 for none
+};
+
+/// What the terminal remembers from one run to the next.
+struct TerminalSettings
+{
+    QString theme = QStringLiteral("dark");
+    Zeb::EPriceColors colors = Zeb::EPriceColors::eRedUp;
+    QueueModes modes;
+    QByteArray geometry; ///< of the window; empty for the usual one
+    QByteArray state;    ///< of the workspace; empty for a shipped layout
+    std::vector<SavedLayout> layouts;
+};
+
+/// Reads settings from a file of JSON. A missing file leaves the settings as they are. A file that cannot be
+/// read, or is no such JSON, is set aside as FILE.broken and leaves them as well; `problem` then has a line
+/// for a person. Single values that mean nothing are passed over.
+void readSettings(const QString& file, TerminalSettings& settings, QString& problem);
+
+/// Writes them, and the folder that is missing. False with a line in `problem` if that fails; the file is
+/// then as it was.
+bool writeSettings(const QString& file, const TerminalSettings& settings, QString& problem);
+
+/// Where a person's settings are kept.
+QString usualSettingsFile();
+
+/// Takes over what the command line does not name.
+void mergeSettings(const TerminalSettings& settings, TerminalOptions& options);
+
+} // namespace host

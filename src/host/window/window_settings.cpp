@@ -1,0 +1,140 @@
+// What the window remembers: looks, places, and the layouts that a person has named.
+
+#include "host/window/MainWindow.h"
+
+#include "host/window/InstrumentList.h"
+#include "host/window/MessageBar.h"
+#include "host/window/TerminalActions.h"
+#include "host/window/panes/QueueCell.h"
+#include "host/window/workspace/Workspace.h"
+#include "platform/resources/CUiResource.h"
+#include "platform/utils/CSingletonT.h"
+#include "platform/utils/exchange_time.h"
+
+#include <QCloseEvent>
+#include <QInputDialog>
+
+#include <algorithm>
+
+namespace host {
+
+namespace {
+
+auto named(std::vector<SavedLayout>& layouts, const QString& name)
+{
+    return std::find_if(layouts.begin(), layouts.end(),
+                        [&name](const SavedLayout& layout) { return layout.name == name; });
+}
+
+QStringList namesOf(const std::vector<SavedLayout>& layouts)
+{
+    QStringList names;
+    for (const SavedLayout& layout : layouts)
+        names.append(layout.name);
+    return names;
+}
+
+} // namespace
+
+void MainWindow::loadSettings()
+{
+    if (m_options.settingsFile.isEmpty())
+        return;
+    QString problem;
+    readSettings(m_options.settingsFile, m_settings, problem);
+    if (!problem.isEmpty())
+        m_messages->showError(problem);
+    mergeSettings(m_settings, m_options);
+    showSavedLayouts();
+}
+
+void MainWindow::storeSettings()
+{
+    if (m_options.settingsFile.isEmpty())
+        return;
+    const auto& look = utils::CSingletonT<Zeb::CUiResource>::instance();
+    m_settings.theme = look.theme();
+    m_settings.colors = look.priceColors();
+    m_settings.modes = m_wiring.queue->modes();
+    m_settings.geometry = saveGeometry();
+    m_settings.state = m_workspace->arrangement();
+    QString problem;
+    if (!writeSettings(m_options.settingsFile, m_settings, problem))
+        m_messages->showError(problem);
+}
+
+void MainWindow::closeEvent(QCloseEvent* event)
+{
+    storeSettings();
+    QMainWindow::closeEvent(event);
+}
+
+void MainWindow::saveLayout(const QString& name)
+{
+    if (name.isEmpty())
+        return;
+    SavedLayout layout;
+    layout.name = name;
+    layout.state = m_workspace->arrangement();
+    if (m_day) {
+        layout.instrument = TerminalServices::keyOf(m_day->detail);
+        layout.timeOfDay = utils::timeOfDayMs(m_player->now());
+    }
+    const auto before = named(m_settings.layouts, name);
+    if (before != m_settings.layouts.end())
+        *before = layout;
+    else
+        m_settings.layouts.push_back(layout);
+    showSavedLayouts();
+    storeSettings(); // a crash of the machine must not lose it
+}
+
+void MainWindow::restoreLayout(const QString& name)
+{
+    const auto found = named(m_settings.layouts, name);
+    if (found == m_settings.layouts.end())
+        return;
+    const SavedLayout layout = *found;
+    m_workspace->restore(layout.state);
+    if (!m_day || layout.timeOfDay < 0)
+        return;
+    const int row = m_list->instruments().rowOf(layout.instrument);
+    if (row >= 0 && row != m_index) {
+        m_timeWanted = layout.timeOfDay;
+        m_loader->load(row);
+    } else {
+        seek(momentIn(m_range, layout.timeOfDay));
+    }
+}
+
+void MainWindow::removeLayout(const QString& name)
+{
+    const auto found = named(m_settings.layouts, name);
+    if (found == m_settings.layouts.end())
+        return;
+    m_settings.layouts.erase(found);
+    showSavedLayouts();
+    storeSettings();
+}
+
+void MainWindow::showSavedLayouts()
+{
+    m_actions->showSavedLayouts(namesOf(m_settings.layouts));
+}
+
+void MainWindow::askForLayoutName()
+{
+    const QString name = QInputDialog::getText(this, QStringLiteral("保存布局"), QStringLiteral("名称"));
+    saveLayout(name.trimmed());
+}
+
+void MainWindow::askWhichLayoutToRemove()
+{
+    bool agreed = false;
+    const QString name = QInputDialog::getItem(this, QStringLiteral("删除布局"), QStringLiteral("名称"),
+                                               namesOf(m_settings.layouts), 0, false, &agreed);
+    if (agreed)
+        removeLayout(name);
+}
+
+} // namespace host
