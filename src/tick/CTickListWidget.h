@@ -2,11 +2,8 @@
 
 #include "platform/toolkit/CBaseWidget.h"
 #include "platform/toolkit/CIndexScrollBar.h"
-<<<<<<< HEAD
 #include "records/DepthExport.h"
-=======
 #include "tick/RowIdentity.h"
->>>>>>> main
 #include "tick/tick_list_geometry.h"
 #include "tick/tick_resources.h"
 
