@@ -3,6 +3,7 @@
 
 #include "information/LocalFileParser.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <cstdlib>
 #include <string>
@@ -28,11 +29,7 @@ std::vector<std::string> linesOf(std::string bytes)
         bytes.erase(0, 3);
     std::vector<std::string> lines;
     for (std::size_t at = 0; at < bytes.size();) {
-        const std::size_t end = bytes.find('\n', at);
-        if (end == std::string::npos) {
-            lines.push_back(bytes.substr(at));
-            break;
-        }
+        const std::size_t end = std::min(bytes.find('\n', at), bytes.size());
         std::string line = bytes.substr(at, end - at);
         if (!line.empty() && line.back() == '\r')
             line.pop_back();
@@ -105,7 +102,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
             parser.feed(bytes.data() + at, std::min(piece, bytes.size() - at));
         parser.finish();
     };
-    Kel::LocalFileParser parser;
+    Kel::MemoryBudget plenty(Kel::LocalFileParser::kUsualBudget);
+    Kel::LocalFileParser parser(plenty);
     read(parser);
     const Table plain = plainReading(bytes);
     if (parser.headers() != plain.headers || parser.rows() != plain.rows)
@@ -113,9 +111,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
     // A small budget ends the table, and is kept.
     const std::size_t budget = std::size_t(data[0]) * 16;
-    Kel::LocalFileParser poor(budget);
+    Kel::MemoryBudget little(budget);
+    Kel::LocalFileParser poor(little);
     read(poor);
-    if (poor.cost() > budget || poor.isFull() != (parser.cost() > budget))
+    if (poor.cost() + little.left() != budget || poor.isFull() != (parser.cost() > budget))
         std::abort();
     if (poor.hasHeader() && poor.headers() != plain.headers)
         std::abort();

@@ -23,6 +23,7 @@ namespace Zeb {
 class CBaseTableColumnSimpleTextDelegate;
 class CComboBox;
 class CPushButton;
+class CSimpleTextWidget;
 class CStandardTable;
 class CWidgetList;
 } // namespace Zeb
@@ -155,6 +156,7 @@ private:
     mutable boost::mutex m_stockMutex;
     Zeb::CPushButton* m_tabs[eTableCount] = {};
     Zeb::CComboBox* m_fileChooser = nullptr;
+    Zeb::CSimpleTextWidget* m_cutHint = nullptr; ///< what page 3 does not show of a large file
     LocalTableModel* m_localModel = nullptr;
     QAbstractItemModel* m_emptyLocalModel = nullptr; ///< the table's own, shown while there is no file
     Zeb::CBaseTableColumnSimpleTextDelegate* m_localTitles = nullptr;

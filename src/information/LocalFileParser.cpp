@@ -86,6 +86,16 @@ void forEachField(const char* begin, const char* end, Take take)
 
 } // namespace
 
+bool MemoryBudget::take(std::size_t bytes)
+{
+    std::size_t left = m_left;
+    while (left >= bytes) {
+        if (m_left.compare_exchange_weak(left, left - bytes))
+            return true;
+    }
+    return false;
+}
+
 QString localText(const char* begin, const char* end)
 {
     if (begin == end)
@@ -139,12 +149,7 @@ void LocalFileParser::finish()
     // A file of nothing but a mark is empty.
     if (!m_begun && line == kByteOrderMark)
         return;
-    const char* begin = line.data();
-    const char* const end = begin + line.size();
-    if (!m_begun && startsWithMark(begin, end))
-        begin += kByteOrderMarkSize;
-    m_begun = true;
-    m_hasHeader ? takeRow(begin, end) : takeHeader(begin, end);
+    takeLine(line.data(), line.data() + line.size());
 }
 
 void LocalFileParser::takeLine(const char* begin, const char* end)
@@ -192,7 +197,7 @@ void LocalFileParser::takeRow(const char* begin, const char* end)
 
 bool LocalFileParser::pay(std::size_t cost)
 {
-    m_isFull = m_isFull || cost > m_budget - m_cost;
+    m_isFull = m_isFull || !m_budget.take(cost);
     if (!m_isFull)
         m_cost += cost;
     return !m_isFull;

@@ -5,8 +5,10 @@
 #include <QStringList>
 #include <QVector>
 
+#include <atomic>
 #include <cstddef>
 #include <string>
+#include <utility>
 
 namespace Kel {
 
@@ -16,9 +18,26 @@ using LocalRow = QVector<QString>;
 /// The rows of one file by their date text; rows of the same date are in file order.
 using LocalRows = QMap<QString, QVector<LocalRow>>;
 
+/// Bytes of memory, about, that tables may take together. Any thread.
+class MemoryBudget
+{
+public:
+    explicit MemoryBudget(std::size_t bytes) : m_left(bytes) {}
+
+    /// False if there is less left; nothing is taken then.
+    bool take(std::size_t bytes);
+    void give(std::size_t bytes) { m_left += bytes; }
+
+    std::size_t left() const { return m_left; }
+
+private:
+    std::atomic<std::size_t> m_left;
+};
+
 /// Reads a text table from its bytes, given in pieces of any size.
 ///
-/// The first line is the header, every later one a row. A line ends with LF or CRLF and is split at every
+/// The first line is the header, every later one a row. A line ends with LF or CRLF, the last one
+/// with CR or nothing as well, and is split at every
 /// comma. A part that begins with a double quote is joined with the parts behind it, up to and with the first
 /// that ends with one; the two quotes are dropped. Doubled quotes mean nothing, and a quote that is not
 /// closed ends with its line. The rows go under the field of the last column whose title is "日期", the first
@@ -37,9 +56,14 @@ public:
     /// Bytes of memory that a table of a hundred megabytes takes, with room to spare.
     static constexpr std::size_t kUsualBudget = std::size_t(2) * 1024 * 1024 * 1024;
 
-    /// `budget`: bytes of memory, about, that titles and rows may take. A line of one byte takes a hundred of
-    /// them, so that the size of a file alone says little.
-    explicit LocalFileParser(std::size_t budget = kUsualBudget) : m_budget(budget) {}
+    /// Titles and rows take their memory out of `budget`, which outlives the parser. A line of one byte takes
+    /// a hundred bytes, so that the size of a file alone says little.
+    explicit LocalFileParser(MemoryBudget& budget) : m_budget(budget) {}
+
+    /// Gives back what is not kept.
+    ~LocalFileParser() { m_budget.give(m_cost); }
+    LocalFileParser(const LocalFileParser&) = delete;
+    LocalFileParser& operator=(const LocalFileParser&) = delete;
 
     void feed(const char* bytes, std::size_t size);
 
@@ -55,6 +79,9 @@ public:
     /// Bytes of memory, about, that titles and rows take.
     std::size_t cost() const { return m_cost; }
 
+    /// The same, for who keeps titles and rows: gives them back to the budget when they are gone.
+    std::size_t keepCost() { return std::exchange(m_cost, 0); }
+
     QStringList& headers() { return m_headers; }
     LocalRows& rows() { return m_rows; }
 
@@ -66,7 +93,7 @@ private:
     QVector<LocalRow>& rowsOf(const QString& date);
     bool pay(std::size_t cost);
 
-    std::size_t m_budget;
+    MemoryBudget& m_budget;
     std::size_t m_cost = 0;
     bool m_isFull = false;
     std::string m_carry; ///< start of a line that a piece ended in

@@ -24,11 +24,26 @@ namespace Kel {
 namespace {
 
 constexpr qint64 kPieceBytes = 1 << 20;
-constexpr qint64 kMostFileBytes = qint64(1) << 30; // a file's end beyond them is not read
 const QString kFolder = QStringLiteral("/localinformation/");
 
 using Values = QMap<QString, LocalRows>;
 using Headers = QMap<QString, QStringList>;
+
+/// Puts the titles and rows of a file behind those of the same key.
+void addFile(Headers& headers, Values& values, const QString& key, const QStringList& titles,
+             const LocalRows& rows)
+{
+    headers[key].append(titles);
+    if (rows.isEmpty())
+        return;
+    LocalRows& all = values[key];
+    if (all.isEmpty()) {
+        all = rows;
+        return;
+    }
+    for (auto date = rows.cbegin(); date != rows.cend(); ++date)
+        all[date.key()] += date.value();
+}
 
 /// Tables that are freed on the strand "data_release", whoever was the last to look at them: millions of rows
 /// take their time.
@@ -84,10 +99,14 @@ void LocalInformation::setListener(Listener listener)
     m_listener = std::move(listener);
 }
 
-void LocalInformation::tell(const QString& code, const LocalTablesPtr& tables)
+/// A reading that began before the maps were cleared last belongs to a former choice of its instrument.
+void LocalInformation::tell(const QString& code, const Reading& reading)
 {
+    if (!isWanted(reading))
+        return;
+    const LocalTablesPtr tables = tablesOf(reading);
     boost::lock_guard<boost::mutex> lock(m_listenerMutex);
-    if (m_listener)
+    if (m_listener && isWanted(reading))
         m_listener(code, tables);
 }
 
@@ -101,26 +120,25 @@ void LocalInformation::read(const QString& code)
     if (directory.isEmpty() || !QDir(directory).exists())
         return;
     const QString name = QString::fromStdString(instrument->name);
-    readDirectory(directory, name);
+    Reading reading{m_clears, {}, {}, {}};
+    readDirectory(directory, name, reading);
     if (isEnding())
         return;
     DEPTH_LOG(utils::kLogInfo, "CInformationWidget",
               boost::format("%1% code : %2% readinformation use time %3%") %
                   "Kel::CInformationWidget::readLocalInformation" % code.toStdString() %
                   (utils::clockMSec() - start));
-    tell(code, tablesOf(name));
+    tell(code, reading);
 }
 
-void LocalInformation::readDirectory(const QString& directory, const QString& name)
+void LocalInformation::readDirectory(const QString& directory, const QString& name, Reading& reading)
 {
     const QFileInfoList files = QDir(directory).entryInfoList(QDir::Files | QDir::NoSymLinks | QDir::Hidden,
                                                               QDir::Size | QDir::Reversed);
-    std::size_t left = m_budget;
     for (const QFileInfo& file : files) {
-        if (isEnding() || left == 0)
-            return;
         try {
-            left -= readFile(file.filePath(), localFileKey(name, file.fileName()), left);
+            if (!readFile(file.filePath(), localFileKey(name, file.fileName()), reading))
+                return;
         } catch (const std::bad_alloc&) {
             DEPTH_LOG(utils::kLogError, "CInformationWidget",
                       boost::format("no memory for local information: %1%") % file.filePath().toStdString());
@@ -128,19 +146,22 @@ void LocalInformation::readDirectory(const QString& directory, const QString& na
     }
 }
 
-/// What the file took of the budget: all of it if that ended before the file.
-std::size_t LocalInformation::readFile(const QString& path, const QString& key, std::size_t budget)
+/// False if no other file is to be read.
+bool LocalInformation::readFile(const QString& path, const QString& key, Reading& reading)
 {
+    if (isEnding())
+        return false;
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
-        return 0;
+        return true;
     // Not beyond the size it has now: a file may grow as fast as it is read.
-    qint64 left = std::min(file.size(), kMostFileBytes);
-    LocalFileParser parser(budget);
+    const qint64 whole = file.size();
+    qint64 left = std::min(whole, m_mostFileBytes);
+    LocalFileParser parser(m_budget);
     std::vector<char> piece(static_cast<std::size_t>(std::min(left, kPieceBytes)));
     while (left > 0 && !parser.isFull()) {
         if (isEnding())
-            return 0;
+            return false;
         const qint64 size = file.read(piece.data(), std::min(left, kPieceBytes));
         if (size <= 0)
             break;
@@ -148,30 +169,28 @@ std::size_t LocalInformation::readFile(const QString& path, const QString& key, 
         left -= size;
     }
     parser.finish();
+    const bool isFull = parser.isFull();
+    if (isFull || whole > m_mostFileBytes) {
+        reading.cutKeys.insert(key);
+        DEPTH_LOG(utils::kLogError, "CInformationWidget",
+                  boost::format("local information is too large, cut at: %1%") % path.toStdString());
+    }
     if (parser.hasHeader())
-        merge(key, parser);
-    if (!parser.isFull())
-        return parser.cost();
-    DEPTH_LOG(utils::kLogError, "CInformationWidget",
-              boost::format("local information is too large, cut at: %1%") % path.toStdString());
-    return budget;
+        merge(key, parser, reading);
+    return !isFull;
 }
 
 /// Under the lock for the whole file, so that nobody sees half of it; the parsing is done by then, so that
 /// nobody waits for it.
-void LocalInformation::merge(const QString& key, LocalFileParser& parsed)
+void LocalInformation::merge(const QString& key, LocalFileParser& parsed, Reading& reading)
 {
+    if (isWanted(reading))
+        addFile(reading.headers, reading.values, key, parsed.headers(), parsed.rows());
+    else
+        reading.values.clear(); // nobody hears of it
     boost::lock_guard<boost::shared_mutex> lock(localLock);
-    localHeaders[key].append(parsed.headers());
-    if (parsed.rows().isEmpty())
-        return;
-    LocalRows& values = localValues[key];
-    if (values.isEmpty()) {
-        values.swap(parsed.rows());
-        return;
-    }
-    for (auto date = parsed.rows().begin(); date != parsed.rows().end(); ++date)
-        values[date.key()] += date.value();
+    m_held += parsed.keepCost();
+    addFile(localHeaders, localValues, key, parsed.headers(), parsed.rows());
 }
 
 void LocalInformation::clear()
@@ -180,8 +199,10 @@ void LocalInformation::clear()
     auto headers = std::make_shared<Headers>();
     {
         boost::lock_guard<boost::shared_mutex> lock(localLock);
+        ++m_clears;
         localValues.swap(*values);
         localHeaders.swap(*headers);
+        m_budget.give(std::exchange(m_held, 0));
     }
     if (values->isEmpty() && headers->isEmpty())
         return;
@@ -192,21 +213,12 @@ void LocalInformation::clear()
         });
 }
 
-LocalTablesPtr LocalInformation::tablesOf(const QString& name) const
+LocalTablesPtr LocalInformation::tablesOf(const Reading& reading)
 {
     auto tables = newTables();
-    Headers headers;
-    Values values;
-    {
-        boost::shared_lock<boost::shared_mutex> lock(localLock);
-        headers = localHeaders;
-        values = localValues;
-    }
-    for (auto header = headers.cbegin(); header != headers.cend(); ++header) {
-        if (!header.key().startsWith(name + QLatin1Char('_')))
-            continue;
-        LocalTable table{header.key(), header.value(), {}};
-        const LocalRows rows = values.value(header.key());
+    for (auto header = reading.headers.cbegin(); header != reading.headers.cend(); ++header) {
+        LocalTable table{header.key(), header.value(), {}, reading.cutKeys.contains(header.key())};
+        const LocalRows rows = reading.values.value(header.key());
         for (auto date = rows.cend(); date != rows.cbegin();)
             table.rows += (--date).value();
         tables->append(std::move(table));

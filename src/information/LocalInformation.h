@@ -3,6 +3,7 @@
 #include "information/LocalFileParser.h"
 
 #include <QMap>
+#include <QSet>
 #include <QString>
 #include <QStringList>
 #include <QVector>
@@ -24,6 +25,7 @@ struct LocalTable
     QString key; ///< the instrument's name, "_", and the file's name up to its first point
     QStringList headers;
     QVector<LocalRow> rows;
+    bool isCut = false; ///< the file has more, which was not read
 };
 
 using LocalTables = QVector<LocalTable>;
@@ -34,8 +36,16 @@ using LocalTablesPtr = std::shared_ptr<const LocalTables>;
 class LocalInformation
 {
 public:
-    /// `budget`: bytes of memory, about, that one reading may fill, see `LocalFileParser`.
-    explicit LocalInformation(std::size_t budget = LocalFileParser::kUsualBudget) : m_budget(budget) {}
+    static constexpr qint64 kMostFileBytes = qint64(1) << 30;
+
+    /// `budget`: bytes of memory, about, that the maps and the files being read may take together, see
+    /// `LocalFileParser`; what the maps hold counts until `clear`. `mostFileBytes`: a file's end beyond them
+    /// is not read.
+    explicit LocalInformation(std::size_t budget = LocalFileParser::kUsualBudget,
+                              qint64 mostFileBytes = kMostFileBytes)
+        : m_mostFileBytes(mostFileBytes), m_budget(budget)
+    {
+    }
 
     /// Frees what was read on the strand "data_release".
     ~LocalInformation();
@@ -46,16 +56,17 @@ public:
     /// An empty listener ends it: when this returns nobody is in the one before.
     void setListener(Listener listener);
 
-    /// Reads the files of an instrument into the maps, each file as a whole, then tells the listener. A file
-    /// that cannot be opened or for which there is no memory is passed over; where the budget ends the
-    /// reading ends, which is logged. An unknown instrument, a missing directory and no root of local files
-    /// give nothing.
+    /// Reads the files of an instrument into the maps, each file as a whole, then tells the listener what
+    /// this reading has found, unless the maps were cleared meanwhile. A file that cannot be opened or for
+    /// which there is no memory is passed over; where the budget ends the reading ends, which is logged. An
+    /// unknown instrument, a missing directory and no root of local files give nothing.
     void read(const QString& code);
 
     /// Nobody wants what is read any more: readings that run stop soon, and tell nobody.
     void end();
 
-    /// Empties both maps. What they held is freed on the strand "data_release".
+    /// Empties both maps. What they held is freed on the strand "data_release". Readings that run still write
+    /// what they find, and tell nobody.
     void clear();
 
     /// Readings that were asked for.
@@ -66,14 +77,28 @@ public:
     QMap<QString, QStringList> localHeaders; ///< column titles by file key
 
 private:
-    void readDirectory(const QString& directory, const QString& name);
-    std::size_t readFile(const QString& path, const QString& key, std::size_t budget);
-    bool isEnding() const;
-    void merge(const QString& key, LocalFileParser& parsed);
-    LocalTablesPtr tablesOf(const QString& name) const;
-    void tell(const QString& code, const LocalTablesPtr& tables);
+    /// What one reading has found. The maps may hold it twice, after an earlier reading of the same files
+    /// that was late; who shows it must not.
+    struct Reading
+    {
+        int number;
+        QMap<QString, LocalRows> values;
+        QMap<QString, QStringList> headers;
+        QSet<QString> cutKeys; ///< of files with more than was read
+    };
 
-    std::size_t m_budget;
+    void readDirectory(const QString& directory, const QString& name, Reading& reading);
+    bool readFile(const QString& path, const QString& key, Reading& reading);
+    bool isEnding() const;
+    bool isWanted(const Reading& reading) const { return reading.number == m_clears; }
+    void merge(const QString& key, LocalFileParser& parsed, Reading& reading);
+    static LocalTablesPtr tablesOf(const Reading& reading);
+    void tell(const QString& code, const Reading& reading);
+
+    const qint64 m_mostFileBytes;
+    MemoryBudget m_budget;
+    std::size_t m_held = 0; ///< bytes of the budget that the maps hold; guarded by `localLock`
+    std::atomic<int> m_clears{0};
     std::atomic<bool> m_isEnding{false};
     boost::mutex m_listenerMutex; ///< guards the listener and is held while it is called
     Listener m_listener;

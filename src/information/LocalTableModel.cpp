@@ -14,7 +14,7 @@ int columnsOf(const LocalTable& table)
     const int rows = std::min(table.rows.size(), kRowsLookedAt);
     for (int row = 0; row < rows; ++row)
         columns = std::max(columns, table.rows[row].size());
-    return std::min(columns, LocalTableModel::kMostColumns);
+    return columns;
 }
 
 } // namespace
@@ -31,6 +31,21 @@ void LocalTableModel::setTable(const LocalTablesPtr& tables, int index)
     endResetModel();
 }
 
+QString LocalTableModel::cutText() const
+{
+    QStringList shown;
+    if (m_table && m_table->rows.size() > kMostRows)
+        shown.append(QStringLiteral("前 %1 行").arg(kMostRows));
+    if (m_columns > kMostColumns)
+        shown.append(QStringLiteral("前 %1 列").arg(kMostColumns));
+    QStringList texts;
+    if (!shown.isEmpty())
+        texts.append(QStringLiteral("仅显示") + shown.join(QStringLiteral("、")));
+    if (m_table && m_table->isCut)
+        texts.append(QStringLiteral("文件过大，末尾未读取"));
+    return texts.join(QStringLiteral("；"));
+}
+
 int LocalTableModel::rowCount(const QModelIndex& parent) const
 {
     return m_table && !parent.isValid() ? std::min(m_table->rows.size(), kMostRows) : 0;
@@ -38,7 +53,7 @@ int LocalTableModel::rowCount(const QModelIndex& parent) const
 
 int LocalTableModel::columnCount(const QModelIndex& parent) const
 {
-    return parent.isValid() ? 0 : m_columns;
+    return parent.isValid() ? 0 : std::min(m_columns, kMostColumns);
 }
 
 QVariant LocalTableModel::data(const QModelIndex& index, int role) const

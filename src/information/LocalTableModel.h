@@ -25,6 +25,9 @@ public:
     /// `tables` null or `index` outside shows nothing.
     void setTable(const LocalTablesPtr& tables, int index);
 
+    /// What is not shown of the table, as a line for the user; empty if all of it is.
+    QString cutText() const;
+
     int rowCount(const QModelIndex& parent = QModelIndex()) const override;
     int columnCount(const QModelIndex& parent = QModelIndex()) const override;
     QVariant data(const QModelIndex& index, int role) const override;
@@ -33,7 +36,7 @@ public:
 private:
     LocalTablesPtr m_tables;
     const LocalTable* m_table = nullptr; ///< in `m_tables`
-    int m_columns = 0;
+    int m_columns = 0;                   ///< of the table, shown or not
 };
 
 } // namespace Kel

@@ -7,6 +7,7 @@
 #include "platform/toolkit/CBaseTableColumnSimpleTextDelegate.h"
 #include "platform/toolkit/CComboBox.h"
 #include "platform/toolkit/CPushButton.h"
+#include "platform/toolkit/CSimpleTextWidget.h"
 #include "platform/toolkit/CStandardTable.h"
 #include "platform/toolkit/CWidgetList.h"
 #include "platform/utils/CSingletonT.h"
@@ -200,7 +201,8 @@ void CInformationWidget::createTab(int index)
     m_tabs[index] = tab;
 }
 
-/// The chooser stands above the table and shows itself when there is something to choose.
+/// The chooser stands above the table and shows itself when there is something to choose; the line below the
+/// table when the table does not show everything.
 void CInformationWidget::createLocalPage()
 {
     m_fileChooser = new Zeb::CComboBox(kFileChooserId, this);
@@ -210,6 +212,10 @@ void CInformationWidget::createLocalPage()
             &CInformationWidget::chooseLocalFile);
     m_tableLists[eTableLocal]->addWidget(m_fileChooser);
     m_tableLists[eTableLocal]->addWidget(m_tables[eTableLocal], 1);
+    m_cutHint = new Zeb::CSimpleTextWidget(QString());
+    m_cutHint->setColorKey(kText);
+    m_cutHint->hide();
+    m_tableLists[eTableLocal]->addWidget(m_cutHint);
     m_tables[eTableLocal]->setItemDelegate(new CutTextDelegate(this));
     m_localModel = new LocalTableModel(this);
     m_emptyLocalModel = m_tables[eTableLocal]->model();
@@ -347,6 +353,8 @@ void CInformationWidget::chooseLocalFile(int index)
     if (!isFile)
         showLocalModel(m_emptyLocalModel);
     m_localModel->setTable(m_localTables, index);
+    m_cutHint->setText(m_localModel->cutText());
+    m_cutHint->setVisible(!m_cutHint->text().isEmpty());
     if (!isFile)
         return;
     showLocalModel(m_localModel);

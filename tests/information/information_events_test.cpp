@@ -1,8 +1,12 @@
 // Tabs, pages, events and the life of the information panel.
 
 #include "InformationFixture.h"
+#include "information/CMultiThreadDataModel.h"
+#include "information/ReaderThreads.h"
 #include "platform/resources/CUiResource.h"
 #include "platform/toolkit/CBaseTableColumnSimpleTextDelegate.h"
+
+#include "support/PaintRecorder.h"
 
 #include <QHeaderView>
 #include <QWheelEvent>
@@ -99,6 +103,40 @@ TEST_F(InformationEvents, TabsTablesAndTitlesHaveTheirColoursFontAndPlace)
     titles->setItemText("0", "回购");
     EXPECT_EQ(titles->preferredWidth(),
               QFontMetrics(*resource.getFont("fnt_default_normal_fix")).horizontalAdvance("回购") + 8);
+}
+
+TEST_F(InformationEvents, TabsHaveAGroundAndATextForEachState)
+{
+    auto& resource = utils::CSingletonT<Zeb::CUiResource>::instance();
+    const QString path = m_directory.path() + "/tabs.json";
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    // Some of them are alike in the built-in themes.
+    file.write(R"({ "name": "tabs", "base": "dark", "colors": {
+        "kel_clr_depth_bottom_group_btn_nomal": "#000010", "kel_clr_depth_bottom_group_btn_hover": "#000020",
+        "kel_clr_depth_bottom_group_btn_press": "#000030", "kel_clr_depth_bottom_group_btn_disable": "#000040",
+        "kel_clr_depth_bottom_group_btn_txt_nomal": "#ff0010",
+        "kel_clr_depth_bottom_group_btn_txt_hover": "#ff0020",
+        "kel_clr_depth_bottom_group_btn_txt_press": "#ff0030",
+        "kel_clr_depth_bottom_group_btn_txt_disable": "#ff0040" } })");
+    file.close();
+    QString error;
+    ASSERT_TRUE(resource.loadThemeFile(path, &error)) << error.toStdString();
+    const auto colorsOf = [this](const char* name) {
+        auto* const tab = m_panel.tab(name);
+        testing_support::PaintRecorder picture(tab->width(), tab->height());
+        tab->render(&picture, QPoint(), QRegion(), QWidget::RenderFlags());
+        return picture.fillsOf(QRectF(tab->rect())).back().color().name() + " " +
+               picture.text(name).color().name();
+    };
+    EXPECT_EQ(colorsOf("本地资讯"), "#000010 #ff0010");
+    EXPECT_EQ(colorsOf("研报"), "#000030 #ff0030") << "the page that is shown";
+    EXPECT_EQ(colorsOf("新闻"), "#000040 #ff0040");
+    m_panel.tab("本地资讯")->setAttribute(Qt::WA_UnderMouse);
+    EXPECT_EQ(colorsOf("本地资讯"), "#000020 #ff0020");
+    m_panel.tab("本地资讯")->setDown(true);
+    EXPECT_EQ(colorsOf("本地资讯"), "#000030 #ff0030");
+    resource.setTheme("dark");
 }
 
 TEST_F(InformationEvents, ReportsAreTheFirstPage)
@@ -230,6 +268,19 @@ TEST_F(InformationEvents, SettingAStockStartsTheClockAnew)
     EXPECT_TRUE(m_panel.m_requestTimer->isActive());
 }
 
+TEST_F(InformationEvents, AnotherStockStopsTheClockAndStartsItAnew)
+{
+    QTimer& timer = *m_panel.m_requestTimer;
+    timer.setTimerType(Qt::PreciseTimer);
+    m_panel.setStock("SH600000");
+    ASSERT_TRUE(waitFor([&timer] { return timer.remainingTime() < 4900; }));
+    m_panel.setStock("SH600000");
+    const int left = timer.remainingTime();
+    EXPECT_LT(left, 4900) << "the same one is no change";
+    m_panel.setStock("SZ000001");
+    EXPECT_GT(timer.remainingTime(), left);
+}
+
 TEST_F(InformationEvents, TheSameOrAnEmptyCodeChangesNothing)
 {
     m_panel.setStock("SH600000");
@@ -270,6 +321,37 @@ TEST_F(InformationEvents, AHiddenPanelReadsAsWell)
         return !m_panel.m_local->localHeaders.isEmpty();
     }));
     EXPECT_EQ(m_panel.m_local->requestCount, 1);
+}
+
+TEST_F(InformationEvents, AVisiblePanelStartsItsRequestAtOnceAndAHiddenOneOnAnotherThread)
+{
+    m_panel.setStock("SH600000");
+    m_panel.show();
+    m_panel.slotRequestTimeOut();
+    EXPECT_EQ(m_panel.m_local->requestCount, 1);
+    m_panel.hide();
+    // The other thread may be quick, but not every time.
+    bool onAnotherThread = false;
+    for (int i = 0; i < 10000 && !onAnotherThread; ++i) {
+        ReaderThreads::instance().wait();
+        const int before = m_panel.m_local->requestCount;
+        m_panel.slotRequestTimeOut();
+        onAnotherThread = m_panel.m_local->requestCount == before;
+        ReaderThreads::instance().wait();
+        EXPECT_EQ(m_panel.m_local->requestCount, before + 1);
+    }
+    EXPECT_TRUE(onAnotherThread);
+}
+
+TEST_F(InformationEvents, ClearReachesTheDataModel)
+{
+    m_panel.setStock("SH600000");
+    ASSERT_EQ(m_panel.m_dataModel->request("SH600000").instrument, "600000");
+    m_panel.clear();
+    EXPECT_EQ(m_panel.m_dataModel->request("SH600000").instrument, "600000") << "no subscription";
+    m_panel.m_dataModel->setSubscription(7);
+    m_panel.clear();
+    EXPECT_EQ(m_panel.m_dataModel->request("SH600000").instrument, "");
 }
 
 TEST_F(InformationEvents, ClearForgetsTheInstrumentAndWhatWasRead)

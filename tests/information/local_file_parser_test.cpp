@@ -1,5 +1,8 @@
 #include "information/LocalFileParser.h"
 
+#include <QByteArray>
+#include <QTextStream>
+
 #include <gmock/gmock.h>
 
 #include <algorithm>
@@ -9,9 +12,15 @@ using namespace Kel;
 
 namespace {
 
+MemoryBudget& plenty()
+{
+    static MemoryBudget budget(LocalFileParser::kUsualBudget);
+    return budget;
+}
+
 std::unique_ptr<LocalFileParser> parsed(const std::string& bytes, std::size_t piece = 0)
 {
-    auto parser = std::make_unique<LocalFileParser>();
+    auto parser = std::make_unique<LocalFileParser>(plenty());
     if (piece == 0)
         piece = std::max<std::size_t>(bytes.size(), 1);
     for (std::size_t at = 0; at < bytes.size(); at += piece)
@@ -149,6 +158,36 @@ TEST(LocalFileParser, ALastLineWithoutAnEndCounts)
     EXPECT_EQ(shown("a,b\n"), "a|b") << "nothing follows the last end";
 }
 
+TEST(LocalFileParser, ACarriageReturnAtTheVeryEndEndsTheLastLine)
+{
+    EXPECT_EQ(shown("a,b\n1,2\r"), "a|b\n1: 1|2");
+    EXPECT_EQ(shown("a,b\r"), "a|b");
+    EXPECT_EQ(shown("a\n1\r\r"), "a\n1\r: 1\r") << "only the last one";
+    EXPECT_EQ(shown("a\n\r"), "a\n: ") << "a row of one empty text";
+    EXPECT_EQ(parsed("\xEF\xBB\xBF\r")->headers(), QStringList{""});
+}
+
+TEST(LocalFileParser, LinesAreThoseOfATextStream)
+{
+    for (const char* text : {"a\r", "\r", "a\n\r", "a\n1\r\r", "a\n1\r2\r\n3\r", "a\r\n\r\n\r", "a\n\n"}) {
+        QByteArray bytes(text);
+        QTextStream stream(&bytes);
+        stream.setCodec("utf-8");
+        QStringList lines;
+        while (!stream.atEnd())
+            lines.append(stream.readLine());
+        const auto parser = parsed(text);
+        QStringList read = parser->headers();
+        for (const QVector<LocalRow>& rows : parser->rows()) {
+            for (const LocalRow& row : rows)
+                read.append(row.at(0));
+        }
+        lines.sort();
+        read.sort();
+        EXPECT_EQ(read, lines) << QByteArray(text).toPercentEncoding().toStdString();
+    }
+}
+
 TEST(LocalFileParser, AByteOrderMarkIsNoPartOfTheFirstField)
 {
     EXPECT_EQ(shown("\xEF\xBB\xBF日期,b\nx,y\n"), "日期|b\nx: x|y");
@@ -183,7 +222,7 @@ TEST(LocalFileParser, AMillionColumnsAreTakenAndNoMore)
 
 TEST(LocalFileParser, AnEndlessLineIsCutAndTheNextOneRead)
 {
-    LocalFileParser parser;
+    LocalFileParser parser(plenty());
     const std::string piece(1 << 20, 'x');
     parser.feed("a\n", 2);
     for (int i = 0; i < 70; ++i)
@@ -197,7 +236,8 @@ TEST(LocalFileParser, AnEndlessLineIsCutAndTheNextOneRead)
 
 TEST(LocalFileParser, TheFirstLineThatDoesNotFitIntoTheBudgetEndsTheTable)
 {
-    LocalFileParser parser(1000);
+    MemoryBudget budget(1000);
+    LocalFileParser parser(budget);
     const std::string text = "date,v\na,1\nb,2\nc," + std::string(1000, 'x') + "\nd,3\n";
     parser.feed(text.data(), text.size());
     parser.feed("e,4", 3);
@@ -209,9 +249,36 @@ TEST(LocalFileParser, TheFirstLineThatDoesNotFitIntoTheBudgetEndsTheTable)
     EXPECT_FALSE(parsed(text)->isFull());
 }
 
+TEST(LocalFileParser, ParsersShareABudgetAndGiveBackWhatIsNotKept)
+{
+    MemoryBudget budget(1000);
+    {
+        LocalFileParser first(budget);
+        first.feed("a\n1\n", 4);
+        first.finish();
+        EXPECT_EQ(budget.left(), 1000 - first.cost());
+        LocalFileParser second(budget);
+        const std::string title(400, 'x');
+        second.feed(title.data(), title.size());
+        second.finish();
+        EXPECT_TRUE(second.isFull()) << "alone it would fit";
+        EXPECT_EQ(budget.left(), 1000 - first.cost());
+    }
+    EXPECT_EQ(budget.left(), 1000u);
+    std::size_t kept = 0;
+    {
+        LocalFileParser parser(budget);
+        parser.feed("a\n1\n", 4);
+        kept = parser.keepCost();
+        EXPECT_GT(kept, 0u);
+    }
+    EXPECT_EQ(budget.left(), 1000 - kept);
+}
+
 TEST(LocalFileParser, AHeaderThatDoesNotFitIsNone)
 {
-    LocalFileParser parser(100);
+    MemoryBudget budget(100);
+    LocalFileParser parser(budget);
     parser.feed("a,b,c,d,e,f\n1,2\n", 16);
     parser.finish();
     EXPECT_TRUE(parser.isFull());
@@ -222,7 +289,8 @@ TEST(LocalFileParser, AHeaderThatDoesNotFitIsNone)
 TEST(LocalFileParser, LinesOfOneByteCostTheirRows)
 {
     constexpr std::size_t kBudget = 1 << 20;
-    LocalFileParser parser(kBudget);
+    MemoryBudget budget(kBudget);
+    LocalFileParser parser(budget);
     const std::string lines(kBudget, '\n');
     parser.feed(lines.data(), lines.size());
     parser.finish();

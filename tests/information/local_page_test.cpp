@@ -3,7 +3,10 @@
 #include "InformationFixture.h"
 #include "information/CutTextDelegate.h"
 #include "information/LocalTableModel.h"
+#include "information/ReaderThreads.h"
+#include "platform/LogCapture.h"
 #include "platform/toolkit/CComboBox.h"
+#include "platform/toolkit/CSimpleTextWidget.h"
 #include "platform/toolkit/EventLog.h"
 
 #include <QItemSelectionModel>
@@ -34,6 +37,13 @@ protected:
             all.append(row < 0 ? model().headerData(column, Qt::Horizontal).toString()
                                : model().index(row, column).data().toString());
         return all;
+    }
+
+    /// What the page says of rows and columns that it does not show; empty while nothing is cut.
+    QString cutHint() const
+    {
+        const auto* const hint = m_panel.m_tableLists[3]->findChild<Zeb::CSimpleTextWidget*>();
+        return hint->isVisible() ? hint->text() : QString();
     }
 
     QComboBox* chooser() const { return m_panel.findChild<Zeb::CComboBox*>(); }
@@ -90,6 +100,7 @@ TEST_F(LocalPage, ATableOfEndlessColumnsIsCut)
     write("SH", "600000", "a.csv", QByteArray(5000, ',') + "\n1\n");
     ASSERT_TRUE(read("SH600000", 1));
     EXPECT_EQ(model().columnCount(), 1000);
+    EXPECT_EQ(cutHint(), QStringLiteral("仅显示前 1000 列"));
 }
 
 TEST_F(LocalPage, WhatWasReadForAFormerInstrumentIsNotShown)
@@ -192,6 +203,83 @@ TEST_F(LocalPage, ATableOfEndlessRowsIsCut)
 {
     write("SH", "600000", "a.csv", "x\n" + QByteArray("1\n").repeated(LocalTableModel::kMostRows + 7));
     ASSERT_TRUE(read("SH600000", LocalTableModel::kMostRows));
+    EXPECT_EQ(cutHint(), QStringLiteral("仅显示前 200000 行"));
+    m_panel.clearTables();
+    EXPECT_EQ(cutHint(), "");
+}
+
+TEST_F(LocalPage, WhatJustFitsIsNotSaidToBeCut)
+{
+    write("SH", "600000", "a.csv",
+          QByteArray(999, ',') + "\n" + QByteArray("1\n").repeated(LocalTableModel::kMostRows));
+    ASSERT_TRUE(read("SH600000", LocalTableModel::kMostRows));
+    EXPECT_EQ(model().columnCount(), 1000);
+    EXPECT_EQ(cutHint(), "");
+}
+
+TEST_F(LocalPage, TheHintSaysAllThatIsCutOfTheChosenFile)
+{
+    const auto tables = std::make_shared<LocalTables>();
+    tables->append({"whole", {"a"}, {{"1"}}, false});
+    tables->append({"cut", LocalRow(1001, "a").toList(), QVector<LocalRow>(200001), true});
+    tables->append({"unread", {"a"}, {{"1"}}, true});
+    LocalTableModel tested;
+    EXPECT_EQ(tested.cutText(), "");
+    tested.setTable(tables, 0);
+    EXPECT_EQ(tested.cutText(), "");
+    tested.setTable(tables, 1);
+    EXPECT_EQ(tested.cutText(), QStringLiteral("仅显示前 200000 行、前 1000 列；文件过大，末尾未读取"));
+    tested.setTable(tables, 2);
+    EXPECT_EQ(tested.cutText(), QStringLiteral("文件过大，末尾未读取"));
+}
+
+TEST_F(LocalPage, TwoReadingsOfAFileShowItOnce)
+{
+    write("SH", "600000", "a.csv", "日期,a\n1,2\n");
+    ASSERT_TRUE(read("SH600000", 1));
+    m_panel.clearTables();
+    m_panel.requestInfo();
+    ReaderThreads::instance().wait();
+    QCoreApplication::processEvents();
+    ASSERT_EQ(m_panel.m_local->localHeaders.value("浦发银行_a").size(), 4) << "the maps have it twice";
+    EXPECT_EQ(texts(), (QStringList{"日期", "a"}));
+    EXPECT_EQ(model().rowCount(), 1);
+}
+
+TEST_F(LocalPage, AReaderOfAFormerChoiceOfTheInstrumentShowsNothing)
+{
+    write("SH", "600000", "a.csv", "日期,a\n1,2\n");
+    testing_support::LogCapture log;
+    log.hold(); // the line that a reader writes before it tells the page
+    m_panel.setStock("SH600000");
+    m_panel.requestInfo();
+    ASSERT_TRUE(waitFor([this] {
+        boost::shared_lock<boost::shared_mutex> lock(m_panel.m_local->localLock);
+        return !m_panel.m_local->localHeaders.isEmpty();
+    }));
+    m_panel.setStock("SZ000001");
+    m_panel.setStock("SH600000");
+    log.release();
+    ReaderThreads::instance().wait();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(model().rowCount(), 0) << "the clock of the new choice is still running";
+    m_panel.requestInfo();
+    EXPECT_TRUE(waitFor([this] { return model().rowCount() == 1; }));
+    EXPECT_EQ(texts(), (QStringList{"日期", "a"}));
+}
+
+TEST_F(LocalPage, TheEventLoopTurnsWhileALargeFileIsRead)
+{
+    const QByteArray line = "1" + ("," + QByteArray(100, 'x')).repeated(10) + '\n';
+    write("SH", "600000", "a.csv", "日期\n" + line.repeated(20000));
+    m_panel.setStock("SH600000");
+    m_panel.requestInfo();
+    int turns = 0;
+    ASSERT_TRUE(waitFor([this, &turns] {
+        ++turns;
+        return model().rowCount() == 20000;
+    }));
+    EXPECT_GT(turns, 5) << "read before the first turn it would be shown in the second";
 }
 
 TEST_F(LocalPage, ColumnsFitTheirTextsWithinBounds)

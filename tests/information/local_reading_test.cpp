@@ -6,9 +6,26 @@
 
 #include <memory>
 
+#include <sys/fsuid.h>
+#include <sys/stat.h>
+
 using namespace Kel;
 
 namespace {
+
+/// While it lives, this thread opens files as nobody in particular: the superuser may open every file.
+class NobodysLeave
+{
+public:
+    NobodysLeave() : m_before(::setfsuid(kNobody)) {}
+    ~NobodysLeave() { ::setfsuid(static_cast<uid_t>(m_before)); }
+    NobodysLeave(const NobodysLeave&) = delete;
+    NobodysLeave& operator=(const NobodysLeave&) = delete;
+
+private:
+    static constexpr uid_t kNobody = 65534;
+    int m_before;
+};
 
 class LocalReading : public test::InformationTest
 {
@@ -109,6 +126,24 @@ TEST_F(LocalReading, AFileThatCannotBeOpenedIsPassedOver)
     ASSERT_TRUE(QFile::link("/nowhere/at/all", folder("SH", "600000") + "/bad.csv"));
     m_local.read("SH600000");
     EXPECT_EQ(keys(), QStringList{"浦发银行_good"});
+}
+
+TEST_F(LocalReading, AFileWithoutLeaveToReadIsPassedOverAndTheNextOneRead)
+{
+    write("SH", "600000", "a.csv", "x\n");
+    write("SH", "600000", "b.csv", "locked\n");
+    write("SH", "600000", "c.csv", "last of them\n");
+    ASSERT_EQ(::chmod(m_directory.path().toLocal8Bit().constData(), 0755), 0);
+    const QString locked = folder("SH", "600000") + "/b.csv";
+    ASSERT_EQ(::chmod(locked.toLocal8Bit().constData(), 0), 0);
+    testing_support::LogCapture log;
+    {
+        const NobodysLeave nobody;
+        ASSERT_FALSE(QFile(locked).open(QIODevice::ReadOnly));
+        m_local.read("SH600000");
+    }
+    EXPECT_EQ(keys(), (QStringList{"浦发银行_a", "浦发银行_c"}));
+    EXPECT_EQ(log.events().size(), 1u) << "in silence: the line is that of the time";
 }
 
 TEST_F(LocalReading, AnEmptyFileAddsNothing)
@@ -246,6 +281,79 @@ TEST_F(LocalReading, AReadingEndsWithItsBudgetAndSaysSo)
     ASSERT_EQ(events.size(), 2u);
     EXPECT_THAT(events[0].text, ::testing::HasSubstr("/b.csv"));
     EXPECT_EQ(events[0].level, 40000);
+}
+
+TEST_F(LocalReading, ReadingsShareTheBudgetUntilTheMapsAreCleared)
+{
+    write("SH", "600000", "a.csv", "x\n" + QByteArray("1\n").repeated(100));
+    LocalInformation local(20000); // room for one reading and not for two
+    const auto rows = [&local] { return local.localValues["浦发银行_a"]["1"].size(); };
+    local.read("SH600000");
+    ASSERT_EQ(rows(), 100);
+    testing_support::LogCapture log;
+    local.read("SH600000");
+    EXPECT_LT(rows(), 200) << "what the maps hold counts";
+    EXPECT_EQ(log.events().size(), 2u);
+    for (int i = 0; i < 5; ++i) {
+        local.clear();
+        local.read("SH600000");
+        EXPECT_EQ(rows(), 100) << "cleared maps hold nothing";
+    }
+}
+
+TEST_F(LocalReading, TheEndOfAFileThatIsTooLongIsNotReadWhichIsLogged)
+{
+    write("SH", "600000", "a.csv", "x\n1\n");
+    write("SH", "600000", "b.csv", "x\n1\n2\n");
+    write("SH", "600000", "c.csv", "x\n1\n2\n3\n");
+    LocalInformation local(LocalFileParser::kUsualBudget, 6);
+    LocalTablesPtr tables;
+    local.setListener([&tables](const QString&, const LocalTablesPtr& read) { tables = read; });
+    testing_support::LogCapture log;
+    local.read("SH600000");
+    EXPECT_EQ(local.localValues["浦发银行_b"].keys(), (QStringList{"1", "2"}));
+    EXPECT_EQ(local.localValues["浦发银行_c"].keys(), (QStringList{"1", "2"}));
+    const auto events = log.events();
+    ASSERT_EQ(events.size(), 2u);
+    EXPECT_THAT(events[0].text, ::testing::HasSubstr("/c.csv"));
+    EXPECT_EQ(events[0].level, 40000);
+    ASSERT_EQ(tables->size(), 3);
+    EXPECT_FALSE(tables->at(1).isCut) << "a file of just that length is whole";
+    EXPECT_TRUE(tables->at(2).isCut);
+    EXPECT_EQ(LocalInformation::kMostFileBytes, 1 << 30);
+}
+
+TEST_F(LocalReading, WhoListensHearsWhatOneReadingFound)
+{
+    write("SH", "600000", "a.csv", "x,y\n1,2\n");
+    LocalTablesPtr tables;
+    m_local.setListener([&tables](const QString&, const LocalTablesPtr& read) { tables = read; });
+    m_local.read("SH600000");
+    m_local.read("SH600000");
+    ASSERT_EQ(tables->size(), 1);
+    EXPECT_EQ(tables->at(0).headers, (QStringList{"x", "y"})) << "though the maps have it twice";
+    EXPECT_EQ(tables->at(0).rows.size(), 1);
+}
+
+TEST_F(LocalReading, AReadingThatBeganBeforeAClearTellsNobody)
+{
+    write("SH", "600000", "a.csv", "x\n1\n");
+    write("SH", "600000", "b.csv", "x\n1\n23\n");
+    int told = 0;
+    m_local.setListener([&told](const QString&, const LocalTablesPtr&) { ++told; });
+    testing_support::LogCapture log;
+    log.hold(); // the line of the time, which comes before the listener hears anything
+    boost::thread reader([this] { m_local.read("SH600000"); });
+    EXPECT_TRUE(waitFor([this] {
+        boost::shared_lock<boost::shared_mutex> lock(m_local.localLock);
+        return m_local.localHeaders.size() == 2;
+    }));
+    m_local.clear();
+    log.release();
+    reader.join();
+    EXPECT_EQ(told, 0);
+    m_local.read("SH600000");
+    EXPECT_EQ(told, 1);
 }
 
 TEST_F(LocalReading, AReadingThatNobodyWantsAnyMoreStops)
