@@ -23,10 +23,9 @@ jobs=$(nproc)
 
 # What the sanitizers run; the rest is not even built for them.
 sanitized=(test_engine test_engine_truth test_feed test_models_holographic test_models_ladder test_models_status
-  test_models_tick test_queue_view test_information)
+  test_models_tick test_queue_view test_information test_level_panels)
 sanitized_labels='engine|models|feed|panel_threads'
-panels=(test_toolkit test_frame test_queue_view_rules test_thousand test_tick test_holographic test_level_panels
-  test_terminal_window)
+panels=(test_toolkit test_frame test_queue_view_rules test_thousand test_tick test_holographic test_terminal_window)
 
 # Builds the targets (0 of them: all) of one preset, runs its tests and keeps ctest's output for the summary at the end.
 summaries=()

@@ -67,6 +67,7 @@ constexpr int kTabWidth = 60;
 constexpr int kTabHeight = 20;
 constexpr int kTabGap = 5;
 constexpr int kLeftMargin = 2;
+constexpr int kHintMargin = 3; // as much as a text has in its cell
 constexpr int kLeastTitleWidth = 80;
 constexpr int kMostLocalWidth = 400; // of a column of a local file
 
@@ -214,6 +215,7 @@ void CInformationWidget::createLocalPage()
     m_tableLists[eTableLocal]->addWidget(m_tables[eTableLocal], 1);
     m_cutHint = new Zeb::CSimpleTextWidget(QString());
     m_cutHint->setColorKey(kText);
+    m_cutHint->setContentsMargins(kHintMargin, kHintMargin, kHintMargin, kHintMargin);
     m_cutHint->hide();
     m_tableLists[eTableLocal]->addWidget(m_cutHint);
     m_tables[eTableLocal]->setItemDelegate(new CutTextDelegate(this));

@@ -149,6 +149,7 @@ ETableResult writeCsv(const TickTable& table, QIODevice& device, ETableEncoding 
     bytes += encoded(line(table.columns), encoding);
     int done = 0;
     int nextWrite = 0;
+    qint64 mostRows = 0; // that the list had
     // The walk alone tells where the list ends: while it goes on, rows come before and behind it, and go.
     for (bool isEnd = false;;) {
         if (isEnd || done >= nextWrite) {
@@ -164,6 +165,10 @@ ETableResult writeCsv(const TickTable& table, QIODevice& device, ETableEncoding 
         if (!walk(kRowsPerLook, rows))
             return ETableResult::eListChanged;
         isEnd = rows.empty();
+        // Rows that went while others came do not make twice the list: such a walk would fill the disk.
+        mostRows = std::max(mostRows, qint64(table.rowCount()));
+        if (done > 2 * mostRows + kRowsPerLook)
+            return ETableResult::eListChanged;
         for (const QStringList& cells : rows)
             bytes += encoded(line(cells), encoding);
         done += static_cast<int>(rows.size());

@@ -3,6 +3,7 @@
 
 #include "InformationFixture.h"
 #include "platform/resources/CUiResource.h"
+#include "platform/toolkit/CComboBox.h"
 
 #include <set>
 
@@ -54,6 +55,9 @@ TEST_P(InformationPictures, OfItsPagesHoldInk)
     write("SH", "600000", "股东变动.csv",
           "日期,股东,\"变动,股\",比例\n2023-01-31,某基金,\"1,200\",0.12%\n2023-02-01,某公司,-300,0.03%\n");
     write("SH", "600000", "调研.csv", "日期,机构\n2023-01-05,某证券\n");
+    write("SH", "600000", "财务.csv",
+          "日期,营业收入,净利润" + QByteArray(1000, ',') +
+              "\n2022-12-31,1886亿,511亿\n2022-09-30,1436亿,406亿\n");
     test::InformationProbe panel;
     panel.resize(640, 220);
     panel.show();
@@ -70,6 +74,9 @@ TEST_P(InformationPictures, OfItsPagesHoldInk)
     ASSERT_TRUE(waitFor([&panel] { return panel.m_tables[3]->model()->rowCount() > 0; }));
     panel.clickTab("本地资讯");
     keep(panel, "information_local");
+    auto* const chooser = panel.findChild<Zeb::CComboBox*>();
+    chooser->setCurrentIndex(chooser->findText("浦发银行_财务"));
+    keep(panel, "information_local_cut");
     panel.addOneRow(panel.table(CInformationWidget::eTableNews), notice("银行板块午后走强"));
     panel.clickTab("研报");
     keep(panel, "information_news");

@@ -218,6 +218,16 @@ protected:
         return *recorder;
     }
 
+    /// What the pixmap under the numbers must look like.
+    QImage drawnBackground()
+    {
+        QPixmap pixmap(panel->size());
+        QPainter painter(&pixmap);
+        panel->drawBackground(painter);
+        painter.end();
+        return pixmap.toImage();
+    }
+
     PaintRecorder& distribution()
     {
         recorder = std::make_unique<PaintRecorder>(panel->width(), panel->height());

@@ -319,6 +319,17 @@ TEST_F(ReadyMadeLadder, ComesFromTheQuoteService)
     EXPECT_EQ(unit, 100);
 }
 
+TEST_F(ReadyMadeLadder, TakesItsSnapshotsFromTheQuoteService)
+{
+    send({{9.7, 300, 1, {}}}, {});
+    EXPECT_EQ(graph().text("9.70").color(), themeColor("ic_clr_entrust_text_fall"));
+    const auto depth = boost::make_shared<quoter::QuoterDepthData>();
+    depth->previousClose = 9.5;
+    panel->quoterCallback(0, -1, batchOf({depth}));
+    EXPECT_EQ(panel->getLastClose(), 9.5);
+    EXPECT_EQ(graph().text("9.70").color(), themeColor("ic_clr_entrust_text_rise"));
+}
+
 TEST_F(ReadyMadeLadder, DropsOrdersAndDeals)
 {
     feed({"B 1 9.99 300"});

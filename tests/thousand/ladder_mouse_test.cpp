@@ -2,6 +2,9 @@
 
 #include "LadderFixture.h"
 
+#include <QFile>
+#include <QTemporaryDir>
+
 using namespace thousand_tests;
 
 namespace {
@@ -354,6 +357,58 @@ TEST_F(LadderMouse, TheMenuSwitchesTheDistribution)
     QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     EXPECT_FALSE(panel->findChild<QMenu*>());
     Kel::setUserConfig(nullptr);
+}
+
+TEST_F(LadderMouse, EachColourOfTheMenuHasItsPlace)
+{
+    auto& resource = utils::CSingletonT<Zeb::CUiResource>::instance();
+    const QTemporaryDir directory;
+    QFile file(directory.filePath("menu.json"));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    // Some of them are alike in the built-in themes.
+    file.write(R"({ "name": "menu", "base": "dark", "colors": {
+        "clr_menubar_background_new": "#000001", "clr_menubar_border_new": "#000002",
+        "clr_menubar_item_border_new": "#000003", "clr_menubar_item_background_normal_new": "#000004",
+        "clr_menubar_item_background_selected_new": "#000005",
+        "clr_menubar_item_background_hover_new": "#000006",
+        "clr_menubar_item_background_pressed_new": "#000007", "clr_menubar_item_text_new": "#000008" } })");
+    file.close();
+    QString error;
+    ASSERT_TRUE(resource.loadThemeFile(file.fileName(), &error)) << error.toStdString();
+    Kel::CUserConfig config;
+    Kel::setUserConfig(&config);
+    QContextMenuEvent event(QContextMenuEvent::Mouse, {20, 20}, panel->mapToGlobal({20, 20}));
+    QApplication::sendEvent(panel, &event);
+    auto* const menu = panel->findChild<QMenu*>();
+    ASSERT_TRUE(menu);
+    const auto color = [&](const char* key) { return resource.getColorSheetByKey(QLatin1String(key)); };
+    const auto image = [&](const char* key) { return resource.getImageSheet(QLatin1String(key)); };
+    const QStringList rules = {QStringLiteral(" QMenu {menu-scrollable: 1; background-color: "),
+                               color("clr_menubar_background_new"),
+                               QStringLiteral("; border:1px solid "),
+                               color("clr_menubar_border_new"),
+                               QStringLiteral(";}QMenu::icon {left:10px}QMenu::item {color: "),
+                               color("clr_menubar_item_text_new"),
+                               QStringLiteral("; spacing: 20px; padding: 6px 34px;background-color: "),
+                               color("clr_menubar_item_background_normal_new"),
+                               QStringLiteral(";border:"),
+                               color("clr_menubar_item_border_new"),
+                               QStringLiteral(";}QMenu::item:selected {background-color: "),
+                               color("clr_menubar_item_background_selected_new"),
+                               QStringLiteral(";}QMenu::item:hover {background-color: "),
+                               color("clr_menubar_item_background_hover_new"),
+                               QStringLiteral(";}QMenu::item:pressed {background-color: "),
+                               color("clr_menubar_item_background_pressed_new"),
+                               QStringLiteral(";}QMenu::indicator:non-exclusive:checked {"),
+                               image("img_menu_check"),
+                               QStringLiteral(";}QMenu::right-arrow {"),
+                               image("img_menu_arrow"),
+                               QStringLiteral(";}")};
+    EXPECT_EQ(menu->styleSheet().toStdString(), rules.join(QString()).toStdString());
+    menu->close();
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    Kel::setUserConfig(nullptr);
+    resource.setTheme("dark");
 }
 
 TEST_F(LadderMouse, WithoutAUserConfigurationThereIsNoMenuAndNoSwitch)

@@ -24,6 +24,7 @@ inline const QColor kText(255, 255, 255, 160);
 inline const QColor kBuySolid(255, 0, 0, 255);
 inline const QColor kBuyHalf(255, 0, 0, 128);
 inline const QColor kSellSolid(0, 255, 0, 255);
+inline const QColor kSellHalf(0, 255, 0, 128);
 inline const QColor kCancelled(255, 255, 255, 64);
 
 using Records = std::list<boost::shared_ptr<quoter::TransactionData>>;

@@ -128,6 +128,33 @@ TEST(DealListScroll, AListThatShrinksIntoTheRoomHidesTheBarAndKeepsTheFirstIndex
     EXPECT_EQ(panel.picture()->count(QStringLiteral("28")), 0);
 }
 
+TEST(DealListScroll, AListThatShrinksIntoTheRoomMayShowNothing)
+{
+    DealPanel panel;
+    panel.fill(30); // the view stands at row 20
+    SDepthFilterParam param;
+    param.relate = 1;
+    param.volume = 25; // 6 rows pass
+    panel.m_model->setFilterParam(param);
+    panel.slotTimeout();
+    EXPECT_EQ(panel.m_total, 6);
+    EXPECT_TRUE(panel.m_scrollBar->isHidden());
+    EXPECT_EQ(panel.m_firstIndex, 20);
+    EXPECT_TRUE(panel.picture()->texts().isEmpty());
+    panel.fill(30, 31);
+    EXPECT_EQ(panel.m_firstIndex, 26) << "until it grows beyond the room";
+}
+
+TEST(DealListScroll, TheBarsEventDrawsThePicture)
+{
+    DealPanel panel;
+    panel.fill(30);
+    const QImage tail = panel.m_buffer.toImage();
+    panel.m_scrollBar->setValue(4);
+    EXPECT_NE(panel.m_buffer.toImage(), tail);
+    EXPECT_EQ(panel.m_buffer.toImage(), panel.pictureAsImage());
+}
+
 TEST(DealListScroll, EventsOtherThanTheBarsAreNotTaken)
 {
     DealPanel panel;
@@ -175,6 +202,17 @@ TEST(DealListRefresh, AHiddenPanelLeavesTheFlagAndCatchesUpWhenItIsShown)
     panel.slotTimeout();
     EXPECT_FALSE(panel.m_model->dirty);
     EXPECT_EQ(panel.m_total, 3);
+}
+
+TEST(DealListRefresh, AHiddenPanelPaintsNothing)
+{
+    DealPanel panel;
+    panel.fill(8);
+    const QImage shown = panel.grab().toImage();
+    panel.hide();
+    const QImage hidden = panel.grab().toImage();
+    EXPECT_NE(hidden, shown);
+    EXPECT_NE(hidden.pixelColor(3, 0), colorOf("ic_clr_graph_kline_bg"));
 }
 
 TEST(DealListRefresh, ARowThatVanishedEndsThePicture)

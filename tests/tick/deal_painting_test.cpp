@@ -113,6 +113,32 @@ TEST(DealPicture, AnArrowShowsARiseOrFallOfThePrice)
     EXPECT_EQ(arrows[0].rect.size(), QSizeF(panel.m_arrowUp.size() / panel.m_arrowUp.devicePixelRatio()));
 }
 
+TEST(DealPicture, TheArrowOfARisePointsUpAndThatOfAFallDown)
+{
+    DealPanel panel;
+    panel.deals({deal(1, 1, 2, 10, 5500, at(10, 0, 1)), deal(2, 3, 4, 10.01, 5500, at(10, 0, 2)),
+                 deal(3, 5, 6, 10, 5500, at(10, 0, 3))});
+    const auto& resource = utils::CSingletonT<Zeb::CUiResource>::instance();
+    const QColor ground = colorOf("ic_clr_graph_kline_bg");
+    const auto onGround = [&](const char* key) {
+        const QPixmap arrow = resource.getPixmap(QLatin1String(key), 1);
+        QPixmap pixmap(arrow.size());
+        pixmap.fill(ground);
+        QPainter(&pixmap).drawPixmap(0, 0, arrow);
+        return pixmap.toImage();
+    };
+    const QImage up = onGround("ic_img_arrow_up");
+    const QImage down = onGround("ic_img_arrow_down");
+    ASSERT_NE(up, down);
+    const QImage picture = panel.pictureAsImage();
+    const int x = kTime + (panel.m_layout.priceArea - 60) / 2 + 62 + 60 + 2;
+    const auto arrowOf = [&](int place) {
+        return picture.copy(QRect(panel.cell(place, x, 8).topLeft() + QPoint(0, 4), up.size()));
+    };
+    EXPECT_EQ(arrowOf(1), up);
+    EXPECT_EQ(arrowOf(2), down);
+}
+
 TEST(DealPicture, LotsAreRiseOrFallAndMakeRoomForTheBar)
 {
     DealPanel panel;

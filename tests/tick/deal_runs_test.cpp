@@ -19,6 +19,25 @@ void sellersDeal(DealPanel& panel, const std::vector<int>& sellers)
     panel.deals(batch);
 }
 
+/// The same with buy orders.
+void buyersDeal(DealPanel& panel, const std::vector<int>& buyers)
+{
+    Batch batch;
+    int number = 0;
+    for (const int buyer : buyers) {
+        ++number;
+        batch.push_back(deal(number, buyer, 1000 + number, 10, 5500, at(10, 0, 0) + number * 1000));
+    }
+    panel.deals(batch);
+}
+
+/// Whether the lots of order 7 stand in the sell half at this height.
+bool lotsStandAt(DealPanel& panel, int group, int y)
+{
+    const int right = group * panel.m_layout.groupWidth + panel.stripOffset() + 1 + 44 - 8;
+    return panel.picture()->text(QStringLiteral("777")).standsIn(QRect(right - 40, y, 40, 18), kRight);
+}
+
 std::vector<PaintCommand> brackets(const PaintRecorder& picture)
 {
     return picture.all(PaintCommand::eRect);
@@ -129,6 +148,37 @@ TEST(DealRuns, TrianglesPointToDealsOfTheOrderOutsideTheRun)
     EXPECT_EQ(leftOnes.size(), 2u);
 }
 
+TEST(DealRuns, OfBuyOrdersHaveTheirTrianglesAsWell)
+{
+    DealPanel panel;
+    panel.orders({order(7, 1, 10, 77700, at(9, 59, 0))});
+    buyersDeal(panel, {7, 3, 7, 7, 4, 7});
+    const auto picture = panel.picture();
+    const int tip = buyLeft(panel) + kHalf - 4;
+    const auto lots = picture->textCommands(QStringLiteral("777"));
+    ASSERT_EQ(lots.size(), 3u);
+    const auto middle = [&](int place) { return panel.m_layout.lineTop(place) + 9; };
+    std::vector<QPointF> expected;
+    expected.emplace_back(tip, middle(0)); // later deals alone
+    expected.emplace_back(tip, middle(2) + 9);
+    expected.emplace_back(static_cast<int>(lots[1].baseline.x()) - 5, middle(2) + 9); // and earlier ones
+    expected.emplace_back(static_cast<int>(lots[2].baseline.x()) - 5, middle(5));     // earlier ones alone
+    std::vector<QPointF> points;
+    for (const PaintCommand& point : picture->all(PaintCommand::ePoint))
+        points.push_back(point.line.p1());
+    EXPECT_EQ(points, expected);
+    int columns = 0;
+    for (const PaintCommand& line : picture->lineCommands()) {
+        const int y = middle(0);
+        if (line.line == QLineF(tip - 1, y - 1, tip - 1, y + 1) ||
+            line.line == QLineF(tip - 2, y - 2, tip - 2, y + 2)) {
+            EXPECT_EQ(line.color(), colorOf(kRise));
+            ++columns;
+        }
+    }
+    EXPECT_EQ(columns, 2);
+}
+
 TEST(DealRuns, TheRightTriangleHasThreeColumns)
 {
     DealPanel panel;
@@ -196,6 +246,43 @@ TEST(DealRuns, ARunThatBeginsAboveTheViewIsCutByTheClip)
     ASSERT_EQ(brackets(*picture).size(), 1u);
     const int top = panel.m_layout.top();
     EXPECT_EQ(brackets(*picture)[0].rect, QRectF(sellLeft(panel), top - 3 * 18, kHalf, 5 * 18));
+}
+
+TEST(DealRuns, ThatBeganMoreThanAGroupAboveHasItsBracketFromTheFirstLine)
+{
+    DealPanel panel(280, 94); // one group of five rows
+    panel.orders({order(7, 2, 10, 77700, at(9, 59, 0))});
+    sellersDeal(panel, {7, 7, 7, 7, 7, 7, 7, 7, 7, 7, 4, 5, 6, 8, 9});
+    panel.m_scrollBar->setValue(8); // two rows of the run are left
+    const auto picture = panel.picture();
+    ASSERT_EQ(brackets(*picture).size(), 1u);
+    EXPECT_EQ(brackets(*picture)[0].rect, QRectF(sellLeft(panel), panel.m_layout.top(), kHalf, 2 * 18));
+    EXPECT_TRUE(lotsStandAt(panel, 0, panel.m_layout.lineTop(0) + 9));
+}
+
+TEST(DealRuns, TheLotsStandInTheMiddleOfWhatIsSeenOfARun)
+{
+    DealPanel panel(280, 94);
+    panel.orders({order(7, 2, 10, 77700, at(9, 59, 0))});
+    sellersDeal(panel, {7, 7, 7, 7, 7, 7, 4, 5, 6, 7, 7, 7, 7, 7, 7, 7});
+    panel.m_scrollBar->setValue(3); // three rows of the first run
+    EXPECT_TRUE(lotsStandAt(panel, 0, panel.m_layout.lineTop(1)));
+    panel.m_scrollBar->setValue(4); // two rows
+    EXPECT_TRUE(lotsStandAt(panel, 0, panel.m_layout.lineTop(0) + 9));
+    panel.m_scrollBar->setValue(7); // three rows of the second run, which goes on below
+    EXPECT_TRUE(lotsStandAt(panel, 0, panel.m_layout.lineTop(3)));
+    panel.m_scrollBar->setValue(8); // four rows
+    EXPECT_TRUE(lotsStandAt(panel, 0, panel.m_layout.lineTop(2) + 9));
+}
+
+TEST(DealRuns, TheLotsOfARunOverAllGroupsStandWhereItsMiddleIs)
+{
+    DealPanel panel; // two groups of five rows, the first at y 2
+    panel.orders({order(7, 2, 10, 77700, at(9, 59, 0))});
+    sellersDeal(panel, {7, 7, 7, 7, 7, 7, 7, 7, 7, 4, 5, 6, 8, 9, 10});
+    panel.m_scrollBar->setValue(2); // seven rows, the middle one in the first group
+    ASSERT_EQ(panel.m_layout.top(), 2);
+    EXPECT_TRUE(lotsStandAt(panel, 0, 3 * 18)) << "without the offset of the rows from the top";
 }
 
 TEST(DealRuns, TheLastDealOfTheListIsClosedAsWell)

@@ -77,6 +77,48 @@ TEST_F(DealTip, GoesWhenNewRowsMoveTheView)
     EXPECT_EQ(panel.m_tipSide, -1);
 }
 
+TEST_F(DealTip, StaysWhileRowsComeThatMoveNothing)
+{
+    panel.fill(3);
+    panel.m_tipSide = 0;
+    panel.fill(1, 900);
+    EXPECT_EQ(panel.m_tipSide, 0) << "there is room for all";
+    panel.fill(panel.m_layout.capacity() + 5, 1000);
+    panel.m_scrollBar->setValue(2);
+    panel.m_tipSide = 0;
+    panel.fill(1, 5000);
+    EXPECT_EQ(panel.m_tipSide, 0) << "the view does not follow the tail";
+}
+
+TEST_F(DealTip, GoesWhenTheBarComesOrGoes)
+{
+    const int room = panel.m_layout.capacity();
+    panel.fill(room + 5);
+    panel.m_scrollBar->setValue(2);
+    panel.m_tipSide = 0;
+    SDepthFilterParam param;
+    param.relate = 1;
+    param.volume = room;
+    panel.m_model->setFilterParam(param);
+    panel.slotTimeout();
+    ASSERT_TRUE(panel.m_scrollBar->isHidden());
+    EXPECT_EQ(panel.m_tipSide, -1);
+    panel.m_tipSide = 0;
+    panel.m_model->setFilterParam(SDepthFilterParam());
+    panel.slotTimeout();
+    ASSERT_FALSE(panel.m_scrollBar->isHidden());
+    ASSERT_FALSE(panel.m_followTail);
+    EXPECT_EQ(panel.m_tipSide, -1);
+}
+
+TEST_F(DealTip, GoesWithTheRowsThatAreCleared)
+{
+    panel.fill(3);
+    panel.m_tipSide = 1;
+    panel.clear(false);
+    EXPECT_EQ(panel.m_tipSide, -1);
+}
+
 TEST_F(DealTip, TellsTheDealAndBothOrders)
 {
     panel.orders({order(5, 1, 10.02, 4250, at(9, 59, 0)), order(6, 2, 9.98, 60, at(9, 59, 0))});

@@ -423,6 +423,9 @@ TEST_F(EntrustLists, TheTitleShowsItsCountAndTheFilterButton)
     EXPECT_EQ(recorder.lineCommands()[0].line, QLineF(0, 21, 299, 21));
     EXPECT_EQ(recorder.lineCommands()[0].color(),
               colorOf("kel_clr_depth_module_group_base_widget_split_line"));
+    EXPECT_EQ(text.font, *themeFont("fnt_default_normal"));
+    EXPECT_EQ(title.m_button->imageKey(), QStringLiteral("kel_img_depth_filter_first"));
+    EXPECT_EQ(title.m_button->id(), 0);
     EXPECT_EQ(title.m_button->pos(), QPoint(280, 1));
     EXPECT_EQ(title.maximumHeight(), 22);
     EXPECT_EQ(title.minimumHeight(), 22);

@@ -8,6 +8,7 @@
 #include "tick/CDepthEntrustTrackDialog.h"
 #include "tick/CDepthFilterSettingDialog.h"
 #include "tick/CEntrustTitleWidget.h"
+#include "tick/CGraphWidget.h"
 #include "tick/filter_dialog_ids.h"
 
 #include <QTimer>
@@ -94,6 +95,107 @@ TEST(EntrustPanelFeed, BatchesOfAnotherKeyAreDropped)
     panel.setStock(QStringLiteral("SH999999"));
     panel.entrustCallback(QString(), 0, 1, wrap({order(5, 1, 10, 100, at(10, 0, 0))}));
     EXPECT_EQ(panel.m_model->orderCount, 0);
+}
+
+namespace {
+
+/// Total, filled, queueing and cancelled lots as the open track dialog shows them.
+QStringList trackedLots(const EntrustPanel& panel)
+{
+    auto* const graph = panel.m_trackDialog->findChild<CGraphWidget*>();
+    PaintRecorder recorder(graph->width(), graph->height());
+    QPainter painter(&recorder);
+    graph->draw(painter);
+    painter.end();
+    return recorder.texts().filter(QStringLiteral("手"));
+}
+
+QStringList lots(const char* total, const char* filled, const char* queueing, const char* cancelled)
+{
+    return {QString::fromUtf8(total), QString::fromUtf8(filled), QString::fromUtf8(queueing),
+            QString::fromUtf8(cancelled)};
+}
+
+/// Double-clicks the first row.
+void openFirst(QWidget* list)
+{
+    QTest::mouseDClick(list, Qt::LeftButton, Qt::NoModifier, QPoint(30, list->height() % 18 / 2 + 9));
+}
+
+} // namespace
+
+TEST(EntrustPanelTrack, ADoubleClickPassesOrderAndRecordsOnce)
+{
+    EntrustPanel panel;
+    panel.orders({order(5, 1, 10, 5500, at(10, 0, 1))});
+    panel.deals({deal(1, 5, 6, 10, 2500, at(10, 0, 2)), cancel(2, 5, 0, 1000, at(10, 0, 3))});
+    openFirst(panel.orderList());
+    ASSERT_TRUE(panel.m_trackDialog->isVisible());
+    EXPECT_EQ(trackedLots(panel), lots("55手", "25手", "30手", "10手"));
+    panel.deals({deal(3, 5, 7, 10, 2000, at(10, 0, 2))});
+    EXPECT_EQ(trackedLots(panel), lots("55手", "25手", "30手", "10手")) << "what comes later is not shown";
+    openFirst(panel.cancelList());
+    EXPECT_EQ(trackedLots(panel), lots("55手", "45手", "10手", "10手"));
+}
+
+TEST(EntrustPanelTrack, TheDialogKnowsTheInstrument)
+{
+    EntrustPanel panel;
+    panel.setStock(kBond);
+    panel.entrustCallback(kBond, 0, 1, wrap({order(5, 1, 10, 5500, at(10, 0, 1))}, kBond));
+    panel.slotTimeout();
+    openFirst(panel.orderList());
+    ASSERT_TRUE(panel.m_trackDialog->isVisible());
+    EXPECT_EQ(trackedLots(panel), lots("550手", "0手", "550手", "0手")) << "ten a lot";
+}
+
+namespace {
+
+/// Notes whether its panel was whole yet when the dialog was hidden.
+class HideWatch : public QObject
+{
+public:
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::Hide && !wasHidden) {
+            wasHidden = true;
+            byPanel = dynamic_cast<CDepthEntrustWidget*>(watched->parent()) != nullptr;
+        }
+        return false;
+    }
+
+    bool wasHidden = false;
+    bool byPanel = false;
+};
+
+} // namespace
+
+TEST(EntrustPanelTrack, TheEndOfThePanelHidesTheDialog)
+{
+    HideWatch watch;
+    auto panel = std::make_unique<EntrustPanel>();
+    panel->orders({order(5, 1, 10, 5500, at(10, 0, 1))});
+    openFirst(panel->orderList());
+    ASSERT_TRUE(panel->m_trackDialog->isVisible());
+    panel->m_trackDialog->installEventFilter(&watch);
+    panel.reset();
+    EXPECT_TRUE(watch.wasHidden);
+    EXPECT_TRUE(watch.byPanel) << "before its parts go";
+}
+
+TEST(EntrustPanelPaint, HiddenListsAndTitlesPaintNothing)
+{
+    EntrustPanel panel;
+    panel.orders({order(5, 1, 10, 5500, at(10, 0, 1))});
+    panel.deals({cancel(1, 5, 0, 5500, at(10, 0, 2))});
+    const QColor ground = colorOf("ic_clr_graph_kline_bg");
+    for (QWidget* const part :
+         {static_cast<QWidget*>(panel.orderList()), static_cast<QWidget*>(panel.cancelList()),
+          static_cast<QWidget*>(panel.m_orderTitle), static_cast<QWidget*>(panel.m_cancelTitle)}) {
+        EXPECT_EQ(part->grab().toImage().pixelColor(2, 0), ground);
+        part->hide();
+        EXPECT_NE(part->grab().toImage().pixelColor(2, 0), ground);
+    }
 }
 
 TEST(EntrustPanelRefresh, TitlesFollowTheListsOneByOne)

@@ -73,6 +73,14 @@ TEST_F(FilterDialog, ValidatorsStopWhatIsNoNumberOrTooLarge)
     type(dialog.m_markEdit, "-1x2000000");
     EXPECT_EQ(dialog.m_markEdit->text(), QStringLiteral("120000"));
     EXPECT_EQ(dialog.m_param.mark, 120000);
+    type(dialog.m_volumeEdit, "1000000");
+    EXPECT_EQ(dialog.m_param.volume, 1000000);
+    type(dialog.m_volumeEdit, "1000001");
+    EXPECT_EQ(dialog.m_param.volume, 100000);
+    type(dialog.m_markEdit, "1000000");
+    EXPECT_EQ(dialog.m_param.mark, 1000000);
+    type(dialog.m_markEdit, "1000001");
+    EXPECT_EQ(dialog.m_param.mark, 100000);
     type(dialog.m_amountEdit, "2147483648");
     EXPECT_EQ(dialog.m_param.amount, 214748364);
 }
@@ -123,6 +131,39 @@ TEST_F(FilterDialog, ConfirmEndsWithOneAndSavesOnce)
     EXPECT_EQ(dialog.result(), 1);
     EXPECT_EQ(finished.count(), 1);
     EXPECT_FALSE(dialog.m_paramJson.empty());
+    std::string saved;
+    QObject::connect(&dialog, &QDialog::finished, [&] { saved.swap(dialog.m_paramJson); });
+    for (const bool byKey : {false, true}) {
+        dialog.show();
+        if (byKey)
+            QTest::keyClick(dialog.m_volumeEdit, Qt::Key_Return);
+        else
+            click(dialog.button(eConfirmControl));
+        EXPECT_FALSE(saved.empty());
+        EXPECT_TRUE(dialog.m_paramJson.empty()) << "nothing saves once the dialog has ended";
+        saved.clear();
+    }
+}
+
+TEST_F(FilterDialog, EveryWayToCancelRestoresOnce)
+{
+    dialog.show();
+    type(dialog.m_markEdit, "5");
+    confirm();
+    for (int way = 0; way < 4; ++way) {
+        dialog.show();
+        QSignalSpy changed(dialog.m_markEdit, &QLineEdit::textChanged);
+        if (way == 0)
+            click(dialog.button(eCancelControl));
+        else if (way == 1)
+            QTest::keyClick(&dialog, Qt::Key_Escape);
+        else if (way == 2)
+            dialog.close();
+        else
+            click(dialog.closeButton());
+        EXPECT_FALSE(dialog.isVisible()) << way;
+        EXPECT_EQ(changed.count(), 2) << way << ": emptied, and written";
+    }
 }
 
 TEST_F(FilterDialog, TheJsonTextHoldsTheControls)

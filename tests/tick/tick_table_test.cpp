@@ -240,6 +240,23 @@ TEST_F(TickTables, OfAListThatBecomesAnotherOneAreNotWrittenOn)
     }
 }
 
+TEST(WriteCsv, GivesUpAWalkThatDoesNotEnd)
+{
+    TickTable table;
+    table.rowCount = [] { return 3; };
+    table.walk = [] {
+        return [asked = 0](int most, std::vector<QStringList>& rows) mutable {
+            ++asked;
+            EXPECT_LT(asked, 20) << "it goes on";
+            rows.assign(asked < 20 ? static_cast<std::size_t>(most) : 0, QStringList{QStringLiteral("x")});
+            return true;
+        };
+    };
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    EXPECT_EQ(writeCsv(table, buffer, ETableEncoding::eUtf8WithMark, {}), ETableResult::eListChanged);
+}
+
 TEST(CsvCell, IsQuotedOnlyWhereItMust)
 {
     EXPECT_EQ(csvCell(QStringLiteral("10.50")), QStringLiteral("10.50"));

@@ -173,6 +173,17 @@ TEST_F(Track, OneFillOfAllIsASolidCircle)
     EXPECT_EQ(percent.color(), QColor(255, 255, 255));
 }
 
+TEST_F(Track, WhatQueuesOfASellOrderIsHalfGreen)
+{
+    show(2, {record(2, 2500)});
+    const auto graph = picture(dialog.m_graph);
+    ASSERT_EQ(graph->paths().size(), 2u);
+    EXPECT_EQ(graph->paths()[0].brush.color(), kSellHalf);
+    EXPECT_EQ(graph->paths()[1].brush.color(), kSellSolid);
+    EXPECT_EQ(graph->fillsOf(QRectF(112, 68, 10, 10)).at(0).color(), kSellHalf);
+    EXPECT_EQ(graph->fillsOf(QRectF(112, 43, 10, 10)).at(0).color(), kSellSolid);
+}
+
 TEST_F(Track, FillsAndCancelsLeaveNoRoomForQueueing)
 {
     show(2, {record(2, 2500), record(3, 5000)});

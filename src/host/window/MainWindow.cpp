@@ -187,6 +187,11 @@ void MainWindow::connectActions()
     connect(m_actions, &TerminalActions::savedLayoutChosen, this, &MainWindow::restoreLayout);
     connect(m_actions, &TerminalActions::removeLayoutAsked, this, &MainWindow::askWhichLayoutToRemove);
     connect(m_actions, &TerminalActions::filterAsked, this, &MainWindow::filterList);
+    connect(m_actions, &TerminalActions::wholeDayAsked, this, &MainWindow::showWholeDay);
+    connect(m_actions, &TerminalActions::latestDealsAsked, this, [this] {
+        m_wiring.chart->showLatest();
+        m_wiring.zoom->showLatest();
+    });
     connect(m_actions, &TerminalActions::stripAsked, m_wiring.deals, &DealsPane::toggleStrip);
     connect(m_actions, &TerminalActions::copyAsked, this, &MainWindow::copySelection);
     connect(m_actions, &TerminalActions::tableAsked, this, &MainWindow::exportTable);

@@ -118,6 +118,7 @@ private:
     void takeModes(const QueueModes& modes);
     void applyLayout(const QString& id);
     void filterList();
+    void showWholeDay();
     void copySelection();
     void exportTable(bool gbk);
     void exportPicture();

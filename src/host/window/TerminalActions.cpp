@@ -204,6 +204,10 @@ void TerminalActions::makePaneMenu()
     menu->addSeparator();
     connect(add(menu, "filter", QStringLiteral("筛选逐笔列表…"), QStringLiteral("Ctrl+L")),
             &QAction::triggered, this, &TerminalActions::filterAsked);
+    connect(add(menu, "wholeDay", QStringLiteral("全息图显示全天"), QStringLiteral("Ctrl+D")),
+            &QAction::triggered, this, &TerminalActions::wholeDayAsked);
+    connect(add(menu, "latestDeals", QStringLiteral("全息图显示最近成交"), QStringLiteral("Ctrl+R")),
+            &QAction::triggered, this, &TerminalActions::latestDealsAsked);
     connect(add(menu, "strip", QStringLiteral("全息条"), QStringLiteral("Ctrl+H")), &QAction::triggered, this,
             &TerminalActions::stripAsked);
     menu->addSeparator();

@@ -44,6 +44,8 @@ Q_SIGNALS:
     void removeLayoutAsked();
     void filterAsked();
     void stripAsked();
+    void wholeDayAsked();
+    void latestDealsAsked();
     void copyAsked();
     void tableAsked(bool gbk);
     void pictureAsked();

@@ -1,15 +1,19 @@
 #include "host/window/window_runs.h"
 
+#include "holographic/CDepthHolographicWidget.h"
 #include "host/commands/commands.h"
 #include "host/window/InstrumentList.h"
 #include "host/window/MainWindow.h"
+#include "host/window/panes/ChartPane.h"
 #include "host/window/panes/QueueCell.h"
+#include "host/window/workspace/Workspace.h"
 #include "platform/resources/CUiResource.h"
 #include "platform/utils/CSingletonT.h"
 #include "platform/utils/exchange_time.h"
 
 #include <QAction>
 #include <QApplication>
+#include <QDockWidget>
 #include <QElapsedTimer>
 #include <QEventLoop>
 #include <QKeyEvent>
@@ -87,6 +91,9 @@ int runTour(const TerminalOptions& options, std::ostream& out, std::ostream& err
     const auto mode = [&window](Kel::EQueueMode style) {
         return [&window, style] { return window.queue().modes().style == style; };
     };
+    const auto shows = [&window](const char* pane) {
+        return [&window, pane] { return window.workspace().dock(QString::fromLatin1(pane))->isVisible(); };
+    };
     const Step steps[] = {
         {"the window is active", [] {}, [&] { return window.isActiveWindow(); }},
         {"a day is shown", [] {}, [&] { return shown || !failure.isEmpty(); }},
@@ -121,6 +128,11 @@ int runTour(const TerminalOptions& options, std::ostream& out, std::ostream& err
              press(&window, "Ctrl+Left");
          },
          [&] { return shown; }},
+        {"the desk of deals and orders", action("Ctrl+Shift+2"), shows("orders")},
+        {"the desk of the chart", action("Ctrl+Shift+3"), shows("chart")},
+        {"the whole day on the chart", action("Ctrl+D"),
+         [&] { return window.panels().chart->panel().model()->getStartIndex() == 0; }},
+        {"the desk of the queue", action("Ctrl+Shift+1"), shows("ladder")},
         {"pause", action("Space"), [&] { return !window.player().playing(); }},
         {"closed", action("Ctrl+Q"), [&] { return !window.isVisible(); }},
     };

@@ -4,6 +4,7 @@
 
 #include "host/window/MessageBar.h"
 #include "host/window/TerminalActions.h"
+#include "host/window/panes/ChartPane.h"
 #include "host/window/panes/DealsPane.h"
 #include "host/window/panes/EntrustPane.h"
 #include "host/window/panes/LadderPane.h"
@@ -63,6 +64,14 @@ void MainWindow::filterList()
         m_wiring.orders->panel().doFilter();
     else
         m_wiring.deals->panel().doFilter();
+}
+
+/// Deals that come later are in the range as well.
+void MainWindow::showWholeDay()
+{
+    if (m_day)
+        m_wiring.chart->showRange(static_cast<int>(m_range.begin / utils::kMSecPerSecond),
+                                  static_cast<int>(m_range.end / utils::kMSecPerSecond));
 }
 
 void MainWindow::copySelection()

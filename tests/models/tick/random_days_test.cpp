@@ -8,13 +8,12 @@
 #include "platform/models/CModelDepthEntrust.h"
 #include "platform/models/CModelDepthTransaction.h"
 #include "platform/models/tick_batches.h"
-#include "platform/models/tick_filter.h"
-#include "platform/models/tick_values.h"
 #include "platform/services/RPCEngine.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cmath>
 #include <map>
 #include <sstream>
 #include <tuple>
@@ -80,8 +79,53 @@ void sendInPieces(Batch records, feed::Random& random, Send send)
         const auto begin = records.begin() + static_cast<std::ptrdiff_t>(from);
         send(Batch(begin, records.begin() + static_cast<std::ptrdiff_t>(to)), status);
         from = random.chance(0.1) && to - from > 5 ? to - 3 : to;
-        status = random.chance(0.5) ? 3 : 1;
+        status = 1 + static_cast<int>(random.below(3));
     }
+}
+
+// The rules, told once more and in another way than the models tell them.
+
+int plainLots(std::int64_t shares, int unit)
+{
+    if (shares <= 0)
+        return 0;
+    return std::max(1, static_cast<int>(std::floor(static_cast<double>(shares) / unit + 0.5)));
+}
+
+/// Milliseconds of the exchange's day at which a time tag stands.
+int plainTimeOfDay(int time)
+{
+    return (time + 8 * 3600) % 86400 * 1000;
+}
+
+bool plainPasses(const SDepthFilterParam& param, int time, int lots, std::int64_t shares, double price)
+{
+    const int timeOfDay = plainTimeOfDay(time);
+    const double amount = static_cast<double>(shares) * price;
+    const bool volumes[] = {lots >= param.volume, lots > param.volume, lots == param.volume};
+    const bool amounts[] = {amount > param.amount - 0.00001, amount > param.amount + 0.00001};
+    const bool volume = volumes[param.com1];
+    const bool money = amounts[param.com2];
+    const bool both = param.relate == 1 ? volume && money : volume || money;
+    return both && timeOfDay >= param.start && timeOfDay <= param.end;
+}
+
+bool plainWants(int side, bool buys, bool sells)
+{
+    return (side == 1 && buys) || (side == 2 && sells);
+}
+
+/// 1 or 2 for the side that was active, 0 for none.
+int plainActiveSide(const feed::DealRow& row)
+{
+    if (row.activeSide != 0)
+        return row.activeSide;
+    const int timeOfDay = plainTimeOfDay(static_cast<int>(row.time / 1000)) / 1000;
+    const bool opening = timeOfDay < 9 * 3600 + 30 * 60;
+    const bool closing = timeOfDay >= 14 * 3600 + 57 * 60 && timeOfDay < 15 * 3600 + 5 * 60;
+    if (opening || closing)
+        return 0;
+    return row.buyNo > row.sellNo ? 1 : 2;
 }
 
 /// What the deal list must show, from the rows of the day and nothing else.
@@ -100,14 +144,14 @@ struct PlainDeals
         for (const feed::DealRow& row : day.rows.deals) {
             if (row.kind != 3)
                 whole.push_back(
-                    {row, static_cast<int>(row.time / 1000), lotsFromShares(row.volume, day.unit), {}});
+                    {row, static_cast<int>(row.time / 1000), plainLots(row.volume, day.unit), {}});
         }
         std::stable_sort(whole.begin(), whole.end(), [](const Deal& left, const Deal& right) {
             return std::tie(left.time, left.row.dealNo) < std::tie(right.time, right.row.dealNo);
         });
         link();
         for (const Deal& deal : whole) {
-            if (passesFilter(param, deal.time, deal.lots, deal.row.volume, deal.row.price))
+            if (plainPasses(param, deal.time, deal.lots, deal.row.volume, deal.row.price))
                 list.push_back(deal);
         }
         countRuns();
@@ -125,7 +169,7 @@ struct PlainDeals
                               : deal.row.price < at(index - 1).row.price - 1e-5 ? -1
                                                                                 : 0;
             direction = shown.trend != 0 ? shown.trend : direction;
-            shown.activeSide = activeSideOf(deal.row.activeSide, deal.row.buyNo, deal.row.sellNo, deal.time);
+            shown.activeSide = plainActiveSide(deal.row);
             shown.volumeRise = shown.activeSide != 0 ? shown.activeSide == 1 : direction == 1;
             if (lastBuy.count(deal.row.buyNo)) {
                 shown.buyPrevious = lastBuy[deal.row.buyNo];
@@ -190,6 +234,27 @@ void expectDeals(const CModelDepthTransaction& model, const PlainDeals& plain)
     }
 }
 
+/// The lots beside the runs: of the orders, or, while these are unknown, of what they have dealt.
+void expectVolumes(const CModelDepthTransaction& model, const Day& day, bool areOrdersKnown)
+{
+    std::map<std::int64_t, std::int64_t> shares;
+    for (const feed::DealRow& row : day.rows.deals) {
+        if (row.kind == 3 || areOrdersKnown)
+            continue;
+        shares[row.buyNo] += row.volume;
+        shares[row.sellNo] += row.volume;
+    }
+    if (areOrdersKnown) {
+        for (const feed::OrderRow& row : day.rows.orders)
+            shares[row.number] = row.volume;
+    }
+    for (int row = 0; row < model.count; ++row) {
+        const auto data = model.getData(row);
+        ASSERT_EQ(model.getEntrustVolume(data, true), plainLots(shares.at(data->buyNo), day.unit)) << row;
+        ASSERT_EQ(model.getEntrustVolume(data, false), plainLots(shares.at(data->sellNo), day.unit)) << row;
+    }
+}
+
 /// What the order and cancel lists must show.
 void expectEntrusts(const CModelDepthEntrust& model, const Day& day, const SDepthFilterParam& param)
 {
@@ -198,8 +263,8 @@ void expectEntrusts(const CModelDepthEntrust& model, const Day& day, const SDept
     for (const feed::OrderRow& row : day.rows.orders) {
         byNumber[row.number] = row;
         const int time = static_cast<int>(row.time / 1000);
-        if (wantsOrder(param, row.side) &&
-            passesFilter(param, time, lotsFromShares(row.volume, day.unit), row.volume, row.price))
+        if (plainWants(row.side, param.buy, param.sell) &&
+            plainPasses(param, time, plainLots(row.volume, day.unit), row.volume, row.price))
             orders.emplace_back(time, row.number);
     }
     std::sort(orders.begin(), orders.end());
@@ -216,8 +281,8 @@ void expectEntrusts(const CModelDepthEntrust& model, const Day& day, const SDept
         const int number = row.buyNo != 0 ? row.buyNo : row.sellNo;
         const feed::OrderRow& order = byNumber.at(number);
         const int time = static_cast<int>(row.time / 1000);
-        if (wantsCancel(param, order.side) &&
-            passesFilter(param, time, lotsFromShares(row.volume, day.unit), row.volume, order.price))
+        if (plainWants(order.side, param.unbuy, param.unsell) &&
+            plainPasses(param, time, plainLots(row.volume, day.unit), row.volume, order.price))
             cancels.emplace_back(time, row.dealNo, number);
     }
     std::sort(cancels.begin(), cancels.end());
@@ -282,14 +347,17 @@ TEST_P(RandomDay, BothModelsShowWhatAPlainReferenceShows)
                      });
     };
     const bool dealsFirst = random.chance(0.5);
-    if (dealsFirst)
+    if (dealsFirst) {
         sendDeals();
+        expectVolumes(deals, day, false);
+    }
     sendOrders();
     if (!dealsFirst)
         sendDeals();
     for (int round = 0; round < 3; ++round) {
         SCOPED_TRACE("filter " + std::to_string(round));
         expectDeals(deals, PlainDeals(day, param));
+        expectVolumes(deals, day, true);
         expectEntrusts(entrusts, day, param);
         param = randomFilter(random);
         deals.setFilterParam(param);

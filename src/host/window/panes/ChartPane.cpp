@@ -2,9 +2,15 @@
 
 #include "holographic/CDepthHolographicWidget.h"
 
+#include <algorithm>
+
 namespace host {
 
 namespace {
+
+constexpr int kLatest = -1; // both ends of a range that means the last deals
+constexpr int kAround = 60; // seconds before and after a deal that is brought into view
+constexpr int kLooks = 4;   // a few refreshes, after which the chart has laid out what has come
 
 QString idOf(ChartPane::EView view)
 {
@@ -29,17 +35,37 @@ void ChartPane::setInstrument(const QString& key)
 {
     m_panel->clear();
     m_panel->setStock(key);
-    m_toNewest = true;
+    m_looks = kLooks;
+}
+
+void ChartPane::showRange(int begin, int end)
+{
+    m_panel->setViewTimeRange(begin, end);
+    m_looks = kLooks;
+}
+
+void ChartPane::showLatest()
+{
+    showRange(kLatest, kLatest);
+}
+
+void ChartPane::highlight(int deal, int timeTag)
+{
+    const Kel::CModelDepthHolographic& model = *m_panel->model();
+    if (timeTag > 0 && (deal < model.getStartIndex() || deal > model.getEndIndex())) {
+        m_panel->setViewTimeRange(timeTag - kAround, timeTag + kAround);
+        m_panel->slotTimeOut(); // the deal has to be in view before it can be selected
+    }
+    m_panel->highlightTransactionSeq(deal);
 }
 
 /// A ladder of hundreds of ticks opens at its top; what a person looks for is the newest deal.
 void ChartPane::follow()
 {
     const int deals = m_panel->model()->count.load();
-    if (!m_toNewest || deals == 0 || !m_panel->isVisible() || m_panel->model()->needRecalc.load())
+    if (m_looks == 0 || deals == 0 || !m_panel->isVisible() || --m_looks > 0)
         return;
-    m_toNewest = false;
-    m_panel->middleCurrDeal(deals - 1);
+    m_panel->middleCurrDeal(std::min(deals - 1, m_panel->model()->getEndIndex()));
 }
 
 FeedHub::Receiver ChartPane::receiver()

@@ -25,13 +25,22 @@ public:
 
     Kel::CDepthHolographicWidget& panel() { return *m_panel; }
 
+    /// Shows the deals of a range of time tags (seconds since 1970-01-01 UTC, both inside).
+    void showRange(int begin, int end);
+
+    /// Shows the last 300 deals, as in the beginning.
+    void showLatest();
+
+    /// Selects a deal; one that is not in view is brought there with the minute before and after it.
+    void highlight(int deal, int timeTag);
+
     void setInstrument(const QString& key) override;
     FeedHub::Receiver receiver() override;
     void follow() override;
 
 private:
     Kel::CDepthHolographicWidget* m_panel;
-    bool m_toNewest = false; ///< the newest deal has still to be brought into view
+    int m_looks = 0; ///< at deals that have come, until the newest is brought into view
 };
 
 } // namespace host

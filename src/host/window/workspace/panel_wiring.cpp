@@ -45,11 +45,12 @@ bool PanelWiring::answer(Pane& from, int id, int first, int second, const QStrin
             return true;
         const QScopedValueRollback<bool> answering(m_answering, true);
         if (&from == deals) {
-            highlightInChart(*chart, second, text);
-            highlightInChart(*zoom, second, text);
+            highlightInChart(*chart, *deals->panel().model(), second, text);
+            highlightInChart(*zoom, *deals->panel().model(), second, text);
         } else if (&from == chart || &from == zoom) {
             highlightInList(static_cast<ChartPane&>(from), second, text);
-            (&from == chart ? zoom : chart)->panel().highlightTransactionSeq(second);
+            highlightInChart(&from == chart ? *zoom : *chart, *static_cast<ChartPane&>(from).panel().model(),
+                             second, text);
         }
         return true;
     }
@@ -66,7 +67,7 @@ bool PanelWiring::answer(Pane& from, int id, int first, int second, const QStrin
         return true;
     case kEventRangeSelected:
         if (&from == chart)
-            zoom->panel().setViewTimeRange(first, second);
+            zoom->showRange(first, second);
         return true;
     default:
         return false;
@@ -83,13 +84,14 @@ void PanelWiring::highlightInList(ChartPane& from, int deal, const QString& time
         list.highlightTransaction(deal);
 }
 
-void PanelWiring::highlightInChart(ChartPane& target, int row, const QString& timeTag)
+void PanelWiring::highlightInChart(ChartPane& target, const Kel::CModelDepthTransaction& source, int deal,
+                                   const QString& timeTag)
 {
-    Kel::CDepthHolographicWidget& panel = target.panel();
-    if (isSameDeal(deals->panel().model()->getData(row), panel.model()->getData(row)))
-        panel.highlightTransactionSeq(row);
+    const int second = timeTag.toInt();
+    if (isSameDeal(source.getData(deal), target.panel().model()->getData(deal)))
+        target.highlight(deal, second);
     else
-        panel.highlightTransactionTime(timeTag.toInt());
+        target.panel().highlightTransactionTime(second);
 }
 
 } // namespace host

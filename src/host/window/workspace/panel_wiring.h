@@ -2,6 +2,10 @@
 
 #include "host/window/panes/Pane.h"
 
+namespace Kel {
+class CModelDepthTransaction;
+}
+
 namespace host {
 
 class ChartPane;
@@ -36,7 +40,8 @@ public:
 
 private:
     void highlightInList(ChartPane& from, int deal, const QString& timeTag);
-    void highlightInChart(ChartPane& chart, int row, const QString& timeTag);
+    static void highlightInChart(ChartPane& target, const Kel::CModelDepthTransaction& source, int deal,
+                                 const QString& timeTag);
 
     bool m_answering = false; ///< a highlighted panel may tell of its selection: that is no news
 };
