@@ -48,6 +48,7 @@ CInformationWidget::CInformationWidget(QWidget* parent)
       m_local(std::make_shared<LocalInformation>())
 {
     qRegisterMetaType<QList<boost::shared_ptr<quoter::Notice>>>();
+    ReaderThreads::instance(); // made now: a request must not fail for want of memory
     creatUi();
     m_dataModel = boost::make_shared<CMultiThreadDataModel>(this);
     m_requestTimer = new QTimer(this);
