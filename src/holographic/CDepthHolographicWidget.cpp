@@ -226,9 +226,7 @@ void CDepthHolographicWidget::resizeLayout()
     m_widgetRect = rect();
     if (m_widgetRect.width() == 0 && m_widgetRect.height() == 0)
         return;
-    const qreal ratio = devicePixelRatioF();
-    m_canvas = QPixmap((QSizeF(m_widgetRect.size()) * ratio).toSize());
-    m_canvas.setDevicePixelRatio(ratio);
+    newCanvas();
     m_scrollBar->setGeometry(m_widgetRect.width() - kScrollBarWidth, 0, kScrollBarWidth,
                              m_widgetRect.height());
     m_chartWidth = m_widgetRect.width() - m_priceAxisWidth;
@@ -236,6 +234,13 @@ void CDepthHolographicWidget::resizeLayout()
     calcSizeInfo(false);
     drawGraph();
     update();
+}
+
+void CDepthHolographicWidget::newCanvas()
+{
+    const qreal ratio = devicePixelRatioF();
+    m_canvas = QPixmap((QSizeF(m_widgetRect.size()) * ratio).toSize());
+    m_canvas.setDevicePixelRatio(ratio);
 }
 
 void CDepthHolographicWidget::calcSizeInfo(bool fit)
@@ -253,6 +258,9 @@ void CDepthHolographicWidget::calcSizeInfo(bool fit)
     m_topPadRows = rows.topPadRows;
     m_scrollRow = rows.scrollRow;
     m_scrollBar->setPageStep(rows.pageStep);
+    // Before the bar gets its new end, which would report a place of its own.
+    if (fit)
+        m_scrollBar->setValue(0);
     updateScroll();
 }
 
@@ -326,6 +334,9 @@ int CDepthHolographicWidget::priceToY(const double& price) const
 
 int CDepthHolographicWidget::getSeqByX(const int& x) const
 {
+    // A picture without deals leaves the ends of the one before where they are.
+    if (m_model->getEndIndex() < m_model->getStartIndex())
+        return -1;
     if (m_dealRightX.isEmpty() || m_dealRightX.last() <= x)
         return -1;
     // Right ends never fall from one deal to the next, so the first beyond x is found by halving.

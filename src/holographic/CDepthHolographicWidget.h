@@ -149,6 +149,9 @@ protected:
     void resizeLayout();
     void dropShown();
 
+    /// An empty pixmap as large, and as fine, as the widget.
+    void newCanvas();
+
     /// Lays the rows out for the height of the chart; with `fit` so that the whole ladder can be seen.
     void calcSizeInfo(bool fit);
     void updateScroll();
@@ -231,7 +234,8 @@ protected:
     bool m_columnMode = true;
     utils::AtomicSharedPtr<nelservice::CInstrumentDetail> m_instrument; ///< read by the feed's threads
 
-    /// How deals are drawn: shape by shape, by columns, or as their number suggests.
+    /// How deals are drawn: shape by shape, by columns (where a logical pixel is one of the device), or as
+    /// their number suggests.
     enum EDrawing
     {
         eDrawAsFits,

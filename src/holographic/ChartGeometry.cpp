@@ -12,6 +12,12 @@ namespace {
 /// Pixels beyond which nothing is ever seen; still far from what a painter cannot count.
 constexpr std::int64_t kFarAway = 1 << 20;
 
+/// A number of pixels as an int from which others can be counted.
+int nearEnough(double pixels)
+{
+    return static_cast<int>(std::clamp<std::int64_t>(truncateToInt(pixels), -kFarAway, kFarAway));
+}
+
 constexpr int kLeastRowHeight = 3; // of rows that were made lower to fit
 
 } // namespace
@@ -30,22 +36,22 @@ int ChartGeometry::leftX(int index, std::int64_t lotsBefore) const
 {
     const std::int64_t deals = std::int64_t(index) - startIndex;
     const std::int64_t unit = index != startIndex ? 1 : 0;
-    return truncateToInt(static_cast<double>(deals + unit + lotsBefore) * scale());
+    return nearEnough(static_cast<double>(deals + unit + lotsBefore) * scale());
 }
 
 int ChartGeometry::rightX(int lots, int left) const
 {
-    return truncateToInt(lots * scale() + left);
+    return nearEnough(lots * scale() + left);
 }
 
 int ChartGeometry::barWidth(int lots) const
 {
-    return std::max(1, truncateToInt(lots * scale() + 0.5));
+    return std::max(1, nearEnough(lots * scale() + 0.5));
 }
 
 int ChartGeometry::gap() const
 {
-    return std::max(1, truncateToInt(scale() + 0.5));
+    return std::max(1, nearEnough(scale() + 0.5));
 }
 
 int ChartGeometry::priceToY(double price) const

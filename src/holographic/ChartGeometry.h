@@ -12,7 +12,8 @@ namespace Kel {
 ///
 ///     |<- width 3 ->| |<- width 1 ->|      leftX of a deal, its rightX, and the gap of one unit to the next
 ///
-/// A value; any thread. Every operation is defined for every value of the fields, zero included.
+/// A value; any thread. Every operation is defined for every value of the fields, zero included. Places and
+/// widths are at most a million pixels either way, so that sums of them are ints.
 struct ChartGeometry
 {
     int chartWidth = 0;     ///< pixels without the price strip
@@ -45,8 +46,7 @@ struct ChartGeometry
     /// Width of the unit between two deals, at least 1.
     int gap() const;
 
-    /// Middle of the row of a price; -1 for a price above the highest. A price far outside the ladder is
-    /// placed a million pixels away.
+    /// Middle of the row of a price; -1 for a price above the highest.
     int priceToY(double price) const;
 
     /// Height of the bar of an order of so many lots: 1 to `halfRow`.

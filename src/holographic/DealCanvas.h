@@ -86,7 +86,8 @@ private:
 
 /// The same picture where a hundred thousand deals share a thousand columns: shapes are written into one byte
 /// a pixel, and only what is left to see at the end is painted. Texts, triangles and long slanted lines go to
-/// the painter at once, after what lies beneath them. Inks must be opaque.
+/// the painter at once, after what lies beneath them. Inks must be opaque, and a logical pixel one of the
+/// device.
 class ColumnDealCanvas : public DealCanvas
 {
 public:

@@ -191,8 +191,11 @@ void CDepthHolographicWidget::drawDeal(QPainter& painter)
             drawBuy(canvas, point, deal);
         }
     };
-    const bool byColumns = m_drawing == eDrawAsFits ? m_deals.size() > kFewDeals && areOpaque(m_inks)
-                                                    : m_drawing == eDrawByColumns;
+    // Columns are those of logical pixels; a finer screen shows more of a shape.
+    const bool canBeColumns = areOpaque(m_inks) && qFuzzyCompare(painter.device()->devicePixelRatioF(), 1);
+    const bool wantsColumns =
+        m_drawing == eDrawAsFits ? m_deals.size() > kFewDeals : m_drawing == eDrawByColumns;
+    const bool byColumns = canBeColumns && wantsColumns;
     if (byColumns) {
         ColumnDealCanvas canvas(painter, m_inks, QSize(m_chartWidth, m_chartHeight), m_columns);
         drawAll(canvas);

@@ -112,8 +112,8 @@ void CDepthHolographicWidget::middleCurrDeal(int seq)
     const int row = truncateToInt((m_model->maxPrice - deal->price) / m_priceTick + 0.5);
     if (row >= m_scrollRow && row <= std::int64_t(m_scrollRow) + m_pageRows)
         return;
-    m_scrollRow = clampToInt(std::max<std::int64_t>(0, std::int64_t(row) - m_pageRows / 2));
-    m_scrollBar->setValue(m_scrollRow);
+    m_scrollBar->setValue(clampToInt(std::max<std::int64_t>(0, std::int64_t(row) - m_pageRows / 2)));
+    m_scrollRow = m_scrollBar->value(); // a row below the ladder's end is as far as the bar goes
     drawGraph();
     update();
 }

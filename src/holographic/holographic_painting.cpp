@@ -131,6 +131,11 @@ void CDepthHolographicWidget::paintEvent(QPaintEvent*)
 {
     if (m_canvas.isNull())
         return;
+    // Moved to a screen of another scale: the picture is drawn for that one.
+    if (m_canvas.devicePixelRatioF() != devicePixelRatioF()) {
+        newCanvas();
+        drawGraph();
+    }
     QPainter painter(this);
     painter.drawPixmap(m_widgetRect.topLeft(), m_canvas);
     drawOverlays(painter);
@@ -160,7 +165,7 @@ void CDepthHolographicWidget::drawCursor(QPainter& painter)
     if (!deal)
         return;
     const ChartGeometry scales = geometry();
-    const int width = truncateToInt(deal->volume * scales.scale());
+    const int width = scales.rightX(deal->volume, 0);
     painter.setPen(m_inks[eInkMarket]);
     painter.setBrush(Qt::NoBrush);
     painter.drawRect(*place - width, scales.priceToY(deal->price) - m_halfRow, width, 2 * m_halfRow);

@@ -216,6 +216,19 @@ public:
         return recorder;
     }
 
+    /// The pixmap as it is.
+    QImage canvas() const { return m_canvas.toImage().convertToFormat(QImage::Format_RGB32); }
+
+    /// The pixmap as it would be if it were drawn now.
+    QImage drawnNow()
+    {
+        QImage image(m_canvas.size(), QImage::Format_RGB32);
+        image.setDevicePixelRatio(m_canvas.devicePixelRatioF());
+        QPainter painter(&image);
+        drawGraph(painter);
+        return image;
+    }
+
     /// What it draws over it.
     std::unique_ptr<PaintRecorder> overlays()
     {
@@ -273,16 +286,24 @@ public:
     }
 
     /// True if the wheel event was accepted.
-    bool wheel(int delta)
+    bool wheel(int delta, int across = 0)
     {
         const QPointF point(10, 10);
-        QWheelEvent event(point, mapToGlobal(point.toPoint()), QPoint(), QPoint(0, delta), Qt::NoButton,
+        QWheelEvent event(point, mapToGlobal(point.toPoint()), QPoint(), QPoint(across, delta), Qt::NoButton,
                           Qt::NoModifier, Qt::NoScrollPhase, false);
         QApplication::sendEvent(this, &event);
         return event.isAccepted();
     }
 
     EventSink sink;
+    int paints = 0; ///< how often the widget was painted
+
+protected:
+    void paintEvent(QPaintEvent* event) override
+    {
+        ++paints;
+        CDepthHolographicWidget::paintEvent(event);
+    }
 
 private:
     int m_number = 0;

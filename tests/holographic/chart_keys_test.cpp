@@ -2,6 +2,8 @@
 
 #include "Chart.h"
 
+#include <functional>
+
 using namespace testing_support;
 using namespace Kel;
 
@@ -135,6 +137,44 @@ TEST_F(ChartKeys, OnAnEmptyChartTheCursorStaysUnset)
     }
 }
 
+TEST_F(ChartKeys, OnAChartThatBecameEmptyTheCursorStaysUnset)
+{
+    const std::vector<std::function<void()>> endings{
+        [this] { chart.setStock(kOther); },
+        [this] { chart.clear(); },
+        [this] { chart.setViewTimeRange(tag(11, 0, 0), tag(11, 0, 1)); },
+        [this] { chart.setViewTimeRange(tag(10, 0, 5), tag(10, 0, 1)); },
+    };
+    for (std::size_t index = 0; index < endings.size(); ++index) {
+        SCOPED_TRACE(index);
+        chart.setStock(kStock);
+        chart.add({{1, 2, 10, 9, 0, 0}, {3, 4, 10, 9, 0, 1}, {5, 6, 10, 9, 0, 2}});
+        chart.quotes({1, 5});
+        ASSERT_EQ(chart.getSeqByX(0), 0);
+        endings[index]();
+        for (const bool ticked : {false, true}) {
+            if (ticked)
+                chart.slotTimeOut();
+            EXPECT_EQ(chart.getSeqByX(0), -1);
+            for (const bool columns : {true, false}) {
+                chart.m_columnMode = columns;
+                chart.m_cursorSeq = -1;
+                chart.quotes({7});
+                for (const int code : {Qt::Key_Left, Qt::Key_Right}) {
+                    key(code);
+                    EXPECT_EQ(chart.m_cursorSeq, -1);
+                }
+                chart.press(QPoint(100, 100));
+                chart.release(QPoint(100, 100));
+                EXPECT_EQ(chart.m_cursorSeq, -1);
+            }
+            chart.move(QPoint(100, 100));
+            EXPECT_FALSE(chart.m_detailTimer->isActive());
+            EXPECT_TRUE(chart.sink.take().empty());
+        }
+    }
+}
+
 TEST(ChartKeysWithoutSnapshots, AColumnIsNeverSet)
 {
     Chart chart(600, 325);
@@ -238,6 +278,19 @@ TEST_F(LongLadder, ADealFarAboveTheViewMovesItToTheTop)
     chart.add({{501, 502, 1e9, 1, 0, 100}});
     chart.middleCurrDeal(50);
     EXPECT_EQ(chart.m_scrollRow, 0);
+}
+
+TEST_F(LongLadder, ADealFarBelowTheViewMovesItAsFarAsTheBarGoes)
+{
+    chart.setViewTimeRange(tag(10, 0, 0), tag(10, 0, 49));
+    chart.add({{501, 502, 1, 1, 0, 100}});
+    const int end = chart.m_scrollBar->maximum();
+    ASSERT_EQ(end, 50 - 13);
+    for (int call = 0; call < 3; ++call) {
+        chart.middleCurrDeal(50);
+        EXPECT_EQ(chart.m_scrollBar->value(), end);
+        EXPECT_EQ(chart.m_scrollRow, end) << "the ladder's last rows stay in view";
+    }
 }
 
 TEST_F(LongLadder, ALadderThatFitsIsNotMoved)

@@ -41,6 +41,31 @@ TEST_F(ChartMenu, TheMenuOpensAtTheCursor)
     chart.m_menu->close();
 }
 
+TEST_F(ChartMenu, TheOpenMenuIsWorkedByKeys)
+{
+    const auto choose = [this](int entry) {
+        QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(40, 50),
+                                chart.mapToGlobal(QPoint(40, 50)));
+        QApplication::sendEvent(&chart, &event);
+        for (int press = 0; press < entry; ++press)
+            QTest::keyClick(chart.m_menu, Qt::Key_Down);
+        QTest::keyClick(chart.m_menu, Qt::Key_Return);
+        EXPECT_FALSE(chart.m_menu->isVisible());
+    };
+    choose(2);
+    EXPECT_EQ(chart.m_halfRow, 13);
+    choose(3);
+    choose(3);
+    EXPECT_EQ(chart.m_halfRow, 11);
+    choose(4);
+    EXPECT_EQ(chart.m_halfRow, 12);
+    QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(40, 50), chart.mapToGlobal(QPoint(40, 50)));
+    QApplication::sendEvent(&chart, &event);
+    QTest::keyClick(chart.m_menu, Qt::Key_Escape);
+    EXPECT_FALSE(chart.m_menu->isVisible());
+    EXPECT_EQ(chart.m_halfRow, 12);
+}
+
 TEST_F(ChartMenu, TheMenuChangesTheRows)
 {
     const auto actions = chart.m_menu->actions();

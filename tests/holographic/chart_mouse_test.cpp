@@ -1,4 +1,4 @@
-// The chart operated by mouse and wheel.
+// The chart operated by mouse.
 
 #include "Chart.h"
 
@@ -269,6 +269,34 @@ TEST_F(ChartMouse, ARangeGivesLowRowsTwoPixelsBack)
     EXPECT_EQ(chart.m_halfRow, 15) << "high rows stay";
 }
 
+TEST_F(ChartMouse, ARangeThatIsNotSentGivesRowsBackAllTheSame)
+{
+    chart.dealMode();
+    chart.setFullHeightChagne(-5);
+    chart.press(QPoint(100, 200));
+    chart.move(QPoint(630, 80));
+    chart.release(QPoint(630, 80));
+    EXPECT_TRUE(chart.sink.take().empty());
+    EXPECT_EQ(chart.m_halfRow, 9);
+    EXPECT_FALSE(chart.m_selecting);
+}
+
+TEST_F(ChartMouse, ADealThatIsGoneIsPlacedButNotTold)
+{
+    chart.dealMode();
+    chart.press(QPoint(100, 200));
+    chart.move(QPoint(400, 80));
+    chart.onTransactionCallback(kStock, 0, 0, wrap({})); // the day begins anew, the picture is the old one
+    chart.release(on(4));
+    EXPECT_EQ(chart.m_cursorSeq, 4);
+    EXPECT_TRUE(chart.sink.take().empty());
+    chart.m_columnMode = true;
+    chart.press(on(4));
+    chart.release(on(4));
+    EXPECT_EQ(chart.m_cursorSeq, -1) << "it is in no interval";
+    EXPECT_TRUE(chart.sink.take().empty());
+}
+
 TEST_F(ChartMouse, ANarrowRangeLeavesTheRows)
 {
     chart.dealMode();
@@ -466,41 +494,4 @@ TEST(ChartHost, MayAnswerASelectionByTellingTheChartOfIt)
     EXPECT_EQ(events, 2) << "no echo";
     EXPECT_EQ(chart->m_dealRightX.firstKey(), 1);
     EXPECT_EQ(chart->m_dealRightX.lastKey(), 8);
-}
-
-// Wheel
-// ---------------------------------------------------------------------------------------------------------------
-
-TEST_F(ChartMouse, TheWheelUpGivesLowRowsTheirHeightBackFirst)
-{
-    chart.setFullHeightChagne(-2);
-    EXPECT_TRUE(chart.wheel(120));
-    EXPECT_EQ(chart.m_halfRow, 11);
-    EXPECT_TRUE(chart.wheel(120));
-    EXPECT_EQ(chart.m_halfRow, 12);
-    EXPECT_TRUE(chart.wheel(120));
-    EXPECT_EQ(chart.m_halfRow, 12) << "and no more";
-    EXPECT_TRUE(chart.wheel(-120));
-    EXPECT_EQ(chart.m_halfRow, 12) << "it never takes height away";
-}
-
-TEST_F(ChartMouse, TheWheelScrollsALongLadder)
-{
-    chart.fill(60, 40);
-    ASSERT_GT(chart.m_totalRows, chart.m_pageRows);
-    chart.wheel(-120);
-    const int row = chart.m_scrollRow;
-    EXPECT_GT(row, 0);
-    chart.wheel(120);
-    EXPECT_LT(chart.m_scrollRow, row);
-}
-
-TEST_F(ChartMouse, TheWheelAtTheEndsIsTakenAndMovesNothing)
-{
-    chart.fill(60, 40);
-    EXPECT_TRUE(chart.wheel(120));
-    EXPECT_EQ(chart.m_scrollRow, 0);
-    chart.m_scrollBar->setValue(chart.m_scrollBar->maximum());
-    EXPECT_TRUE(chart.wheel(-120));
-    EXPECT_EQ(chart.m_scrollRow, chart.m_scrollBar->maximum());
 }

@@ -7,12 +7,31 @@ using namespace Kel;
 
 namespace {
 
-/// A chart whose timers run.
+/// A chart whose timers run, as it is when it is built.
 class RunningChart : public CDepthHolographicWidget
 {
 public:
+    using CDepthHolographicWidget::m_canvas;
+    using CDepthHolographicWidget::m_chartHeight;
+    using CDepthHolographicWidget::m_chartWidth;
+    using CDepthHolographicWidget::m_dealRightX;
     using CDepthHolographicWidget::m_detailTimer;
+    using CDepthHolographicWidget::m_dragging;
+    using CDepthHolographicWidget::m_hoverPos;
+    using CDepthHolographicWidget::m_instrument;
+    using CDepthHolographicWidget::m_menu;
+    using CDepthHolographicWidget::m_pageRows;
+    using CDepthHolographicWidget::m_priceTick;
     using CDepthHolographicWidget::m_refreshTimer;
+    using CDepthHolographicWidget::m_scrollBar;
+    using CDepthHolographicWidget::m_scrollRow;
+    using CDepthHolographicWidget::m_selectAnchor;
+    using CDepthHolographicWidget::m_selecting;
+    using CDepthHolographicWidget::m_selectRect;
+    using CDepthHolographicWidget::m_timeSpanX;
+    using CDepthHolographicWidget::m_topPadRows;
+    using CDepthHolographicWidget::m_totalRows;
+    using CDepthHolographicWidget::m_widgetRect;
 };
 
 } // namespace
@@ -32,6 +51,33 @@ TEST(ChartStart, HasTheValuesThatItIsBuiltWith)
     EXPECT_EQ(chart->m_dragLastX, -1);
     EXPECT_EQ(chart->m_fullHeightDialog, nullptr);
     EXPECT_FALSE(chart->m_detailTimer->isActive());
+}
+
+TEST(ChartStart, HasNoSizeRowsPictureOrInstrumentYet)
+{
+    RunningChart chart;
+    EXPECT_EQ(chart.m_pageRows, 0);
+    EXPECT_EQ(chart.m_totalRows, 0);
+    EXPECT_EQ(chart.m_topPadRows, 0);
+    EXPECT_EQ(chart.m_scrollRow, 0);
+    EXPECT_EQ(chart.m_chartWidth, 0);
+    EXPECT_EQ(chart.m_chartHeight, 0);
+    EXPECT_DOUBLE_EQ(chart.m_priceTick, 0.01);
+    EXPECT_TRUE(chart.m_dealRightX.isEmpty());
+    EXPECT_TRUE(chart.m_timeSpanX.isEmpty());
+    EXPECT_TRUE(chart.m_selectAnchor.isNull());
+    EXPECT_TRUE(chart.m_hoverPos.isNull());
+    EXPECT_FALSE(chart.m_selecting);
+    EXPECT_FALSE(chart.m_dragging);
+    EXPECT_TRUE(chart.m_selectRect.isNull());
+    EXPECT_TRUE(chart.m_widgetRect.isNull());
+    EXPECT_TRUE(chart.m_canvas.isNull());
+    EXPECT_EQ(chart.m_instrument.load(), nullptr);
+    EXPECT_NE(chart.model(), nullptr);
+    EXPECT_EQ(chart.m_menu->parent(), &chart);
+    EXPECT_EQ(chart.m_detailTimer->parent(), &chart);
+    EXPECT_EQ(chart.m_refreshTimer->parent(), &chart);
+    EXPECT_TRUE(chart.m_scrollBar->isHidden());
 }
 
 TEST(ChartStart, ItsScrollBarIsNarrowAndStartsAtZero)
@@ -123,6 +169,23 @@ TEST(ChartSize, AWidthOfZeroDoesNotStopTheLayout)
     chart.add({{1, 2, 10, 5}});
     chart.resize(600, 200);
     EXPECT_FALSE(chart.m_canvas.isNull());
+}
+
+TEST(ChartSize, OnAScreenOfAnotherScaleThePictureIsDrawnForThatOne)
+{
+    Chart chart(600, 325);
+    chart.fill(20);
+    const QImage before = chart.grab().toImage();
+    for (const qreal ratio : {1.5, 3.0}) {
+        QPixmap other(100, 100);
+        other.setDevicePixelRatio(ratio);
+        other.fill(Qt::magenta);
+        chart.m_canvas = other;
+        const QImage image = chart.grab().toImage();
+        EXPECT_EQ(chart.m_canvas.devicePixelRatioF(), chart.devicePixelRatioF());
+        EXPECT_EQ(chart.m_canvas.size(), chart.m_widgetRect.size() * chart.devicePixelRatioF());
+        EXPECT_EQ(image, before);
+    }
 }
 
 TEST(ChartSize, TinyChartsDrawWithoutHarm)
@@ -381,6 +444,29 @@ TEST(ChartRows, FitShowsTheWholeLadderOrGoesBackToUsualRows)
     EXPECT_EQ(chart.m_rowHeight, 25);
 }
 
+TEST(ChartRows, FitOfALadderThatIsTooLongEvenForLowRowsStartsAtTheTop)
+{
+    Chart chart(600, 325);
+    chart.fill(300, 200);
+    chart.m_scrollBar->setValue(chart.m_scrollBar->maximum());
+    chart.slotAdjustHeight();
+    EXPECT_EQ(chart.m_rowHeight, 3);
+    EXPECT_EQ(chart.m_pageRows, 108);
+    EXPECT_EQ(chart.m_scrollBar->maximum(), 200 - 108);
+    EXPECT_EQ(chart.m_scrollRow, 0);
+    EXPECT_EQ(chart.m_scrollBar->value(), 0);
+}
+
+TEST(ChartRows, FitOfAShortLadderLeavesNoOldPlaceInTheBar)
+{
+    Chart chart(600, 325);
+    chart.fill(60, 30);
+    chart.m_scrollBar->setValue(9);
+    chart.slotAdjustHeight();
+    EXPECT_EQ(chart.m_scrollRow, 0);
+    EXPECT_EQ(chart.m_scrollBar->value(), 0);
+}
+
 TEST(ChartTheme, ResetsTheRowsButNotThePage)
 {
     Chart chart(600, 325);
@@ -395,59 +481,4 @@ TEST(ChartTheme, ResetsTheRowsButNotThePage)
     EXPECT_EQ(chart.picture()->fills().at(0).color(), colorOf(kGround));
     resource.setTheme(QStringLiteral("dark"));
     EXPECT_EQ(chart.picture()->fills().at(0).color(), colorOf(kGround));
-}
-
-// Mouse to deal
-// --------------------------------------------------------------------------------------------------------
-
-TEST(DealAtX, IsTheFirstThatEndsBeyond)
-{
-    Chart chart(600, 325);
-    chart.add({{1, 2, 10, 9}, {3, 4, 10, 19}, {5, 6, 10, 29}}); // an extent of 60: ten pixels a unit
-    EXPECT_EQ(chart.m_dealRightX.value(0), 90);
-    EXPECT_EQ(chart.m_dealRightX.value(1), 300);
-    EXPECT_EQ(chart.m_dealRightX.value(2), 600);
-    EXPECT_EQ(chart.getSeqByX(0), 0);
-    EXPECT_EQ(chart.getSeqByX(89), 0);
-    EXPECT_EQ(chart.getSeqByX(90), 1) << "the gap belongs to the next deal";
-    EXPECT_EQ(chart.getSeqByX(299), 1);
-    EXPECT_EQ(chart.getSeqByX(300), 2);
-    EXPECT_EQ(chart.getSeqByX(599), 2);
-    EXPECT_EQ(chart.getSeqByX(600), -1) << "beyond the last";
-    EXPECT_EQ(chart.getSeqByX(-5), 0);
-}
-
-TEST(DealAtX, OfNoDealIsNone)
-{
-    Chart chart;
-    EXPECT_EQ(chart.getSeqByX(0), -1);
-}
-
-TEST(DealAtX, IsWhatAWalkFindsWhereManyDealsShareAColumn)
-{
-    Chart chart(97, 100);
-    chart.fill(300, 7);
-    for (int x = -2; x < 100; ++x) {
-        int walked = -1;
-        for (auto entry = chart.m_dealRightX.cbegin(); entry != chart.m_dealRightX.cend() && walked < 0;
-             ++entry)
-            walked = entry.value() > x ? entry.key() : -1;
-        EXPECT_EQ(chart.getSeqByX(x), walked) << x;
-    }
-}
-
-TEST(DealAtX, MapsAreRebuiltByEveryPicture)
-{
-    Chart chart;
-    chart.fill(20);
-    const QMap<int, int> all = chart.m_dealRightX;
-    const auto spans = chart.m_timeSpanX;
-    chart.setViewTimeRange(tag(10, 0, 5), tag(10, 0, 8));
-    EXPECT_EQ(chart.m_dealRightX.keys(), (QList<int>{5, 6, 7, 8}));
-    EXPECT_EQ(chart.m_timeSpanX.size(), 4);
-    chart.setViewTimeRange(-1, -1);
-    EXPECT_EQ(chart.m_dealRightX, all);
-    EXPECT_EQ(chart.m_timeSpanX, spans);
-    chart.setViewTimeRange(tag(10, 0, 7), tag(10, 0, 12));
-    EXPECT_EQ(chart.m_dealRightX.keys(), (QList<int>{7, 8, 9, 10, 11, 12}));
 }

@@ -63,6 +63,9 @@ protected:
         return isBuy() ? QRect(x, y + 1, width, height) : QRect(x, y - height, width, height);
     }
 
+    /// The row of the bars from edge to edge.
+    QRect wholeChart() const { return bar(0, chart->m_chartWidth, 12); }
+
     std::unique_ptr<Chart> chart;
 
 private:
@@ -116,7 +119,7 @@ TEST_P(DealMarks, TheNumberStandsOnTheLastPieceInView)
     chart->setViewTimeRange(tag(10, 0, 0), tag(10, 0, 1));
     const auto found = numbers();
     ASSERT_EQ(found.size(), 1u);
-    EXPECT_GT(found[0].baseline.x(), 0);
+    EXPECT_TRUE(found[0].standsIn(wholeChart(), Qt::AlignCenter)) << "over both";
 }
 
 TEST_P(DealMarks, TheRunOfTheNumberEndsAtTheViewsEdge)
@@ -125,7 +128,7 @@ TEST_P(DealMarks, TheRunOfTheNumberEndsAtTheViewsEdge)
     chart->setViewTimeRange(tag(10, 0, 1), tag(10, 0, 2));
     const auto found = numbers();
     ASSERT_EQ(found.size(), 1u);
-    EXPECT_GE(found[0].baseline.x(), 0);
+    EXPECT_TRUE(found[0].standsIn(wholeChart(), Qt::AlignCenter)) << "and begins there";
 }
 
 TEST_P(DealMarks, AFlatBarHasNoNumber)
@@ -233,6 +236,22 @@ TEST_P(DealMarks, TheLineOfASmallWholeOrderCanHaveTheMarketMark)
     show({deal(1, 10, 400)}, 400, 0, 2);
     EXPECT_EQ(marks(kMarket).size(), 1u);
     EXPECT_TRUE(numbers().empty());
+}
+
+TEST_P(DealMarks, AWholeOrderOfWhichTooLittleWasDealtForALineHasNumberAndMarketMark)
+{
+    const double beyond = isBuy() ? 10.02 : 9.98;
+    for (const int kind : {1, 2}) {
+        show({deal(1, 10, 30)}, 500, beyond, kind); // 12 * 30 / 500 is no pixel
+        for (const PaintCommand& command : chart->picture()->lineCommands())
+            EXPECT_NE(command.color(), colorOf(line()));
+        const auto found = numbers();
+        ASSERT_EQ(found.size(), 1u);
+        EXPECT_EQ(found[0].text, QStringLiteral("500"));
+        EXPECT_TRUE(found[0].standsIn(bar(0, 300, 12), Qt::AlignCenter));
+        EXPECT_EQ(marks(kMarket).size(), kind == 2 ? 1u : 0u);
+        EXPECT_TRUE(marks(kUrgent).empty());
+    }
 }
 
 TEST_P(DealMarks, NeedABarOfFourByFour)

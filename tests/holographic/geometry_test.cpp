@@ -102,6 +102,19 @@ TEST(ChartGeometry, APriceFarOutsideIsPlacedFarAway)
     EXPECT_EQ(scales.priceToY(10.10), -(1 << 20));
 }
 
+TEST(ChartGeometry, PlacesAndWidthsCanBeAddedWhateverTheViewHolds)
+{
+    constexpr int kFar = 1 << 20;
+    ChartGeometry scales = usual();
+    scales.viewExtent = 1;
+    EXPECT_EQ(scales.leftX(41, std::numeric_limits<std::int64_t>::max() / 2), kFar);
+    EXPECT_EQ(scales.leftX(std::numeric_limits<int>::min(), 0), -kFar);
+    EXPECT_EQ(scales.rightX(kIntMax, kIntMax), kFar);
+    EXPECT_EQ(scales.barWidth(kIntMax), kFar);
+    scales.chartWidth = kIntMax;
+    EXPECT_EQ(scales.gap(), kFar);
+}
+
 TEST(ChartGeometry, BarsGrowWithTheOrderUpToTheHalfRow)
 {
     const ChartGeometry scales = usual();
@@ -138,15 +151,6 @@ TEST(ChartGeometry, NothingIsDividedByZero)
             EXPECT_FALSE(scales.holdsDeals());
         }
     }
-}
-
-TEST(ChartGeometry, HugeVolumesAreHeldWithinAnInt)
-{
-    ChartGeometry scales = usual();
-    scales.viewExtent = 1;
-    EXPECT_EQ(scales.leftX(41, std::numeric_limits<std::int64_t>::max() / 2), kIntMax);
-    EXPECT_EQ(scales.rightX(kIntMax, kIntMax), kIntMax);
-    EXPECT_EQ(scales.barWidth(kIntMax), kIntMax);
 }
 
 // Rows

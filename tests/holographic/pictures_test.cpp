@@ -131,6 +131,32 @@ TEST_P(Pictures, ShowASimulatedDay)
     saveDay(simulatedDay(), "simulated");
 }
 
+TEST_P(Pictures, OfASimulatedDayHaveBothMarksOnBothSides)
+{
+    Chart chart(1150, 480);
+    load(chart, simulatedDay());
+    chart.m_model->setFullHeightHandle(20);
+    const int first = chart.m_model->getData(0)->time;
+    const int last = chart.m_model->getData(chart.m_model->lastSeq)->time;
+    std::set<std::pair<QRgb, bool>> seen; // colour of the mark and whether it is one of a buy order
+    for (int begin = first; begin <= last && seen.size() < 4; begin += 120) {
+        chart.setViewTimeRange(begin, begin + 119);
+        bool hasMarks = false;
+        for (const PaintCommand& path : chart.picture()->paths()) {
+            if (path.path.elementCount() < 3)
+                continue;
+            const bool isBuy = path.path.elementAt(2).y > path.path.elementAt(0).y;
+            hasMarks = seen.insert({path.brush.color().rgb(), isBuy}).second || hasMarks;
+        }
+        if (hasMarks)
+            save(chart, QStringLiteral("marks_%1").arg(begin - first));
+    }
+    const QRgb market = colorOf(kMarket).rgb();
+    const QRgb urgent = colorOf(kUrgent).rgb();
+    EXPECT_EQ(seen, (std::set<std::pair<QRgb, bool>>{
+                        {market, true}, {market, false}, {urgent, true}, {urgent, false}}));
+}
+
 TEST_P(Pictures, ShowEveryKindWithMarks)
 {
     Chart chart(1150, 325);

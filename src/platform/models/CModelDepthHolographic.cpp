@@ -45,11 +45,23 @@ bool CModelDepthHolographic::View::operator==(const View& other) const
            isEqual(maxPrice, other.maxPrice) && isEqual(minPrice, other.minPrice);
 }
 
+void CModelDepthHolographic::setStock(const QString& code)
+{
+    const std::lock_guard<std::mutex> lock(m_quoteMutex);
+    const auto before = detail.load();
+    CModelDepthTransaction::setStock(code);
+    if (isSameInstrument(before, detail.load()))
+        return;
+    m_quotes.clear();
+    ++m_generation;
+}
+
 void CModelDepthHolographic::clear()
 {
     {
         const std::lock_guard<std::mutex> lock(m_quoteMutex);
         m_quotes.clear();
+        ++m_generation;
     }
     m_begin = -1;
     m_end = -1;
@@ -66,8 +78,15 @@ void CModelDepthHolographic::clear()
 void CModelDepthHolographic::quoterCallback(int, int status,
                                             const boost::shared_ptr<MetaCacheDataWrapper>& data)
 {
-    if (!isOwn(data) || (status != kStatusSnapshot && !isBatchStatus(status)))
+    if (status != kStatusSnapshot && !isBatchStatus(status))
         return;
+    unsigned generation = 0;
+    {
+        const std::lock_guard<std::mutex> lock(m_quoteMutex);
+        if (!isOwn(data))
+            return;
+        generation = m_generation;
+    }
     std::vector<std::int32_t> seconds;
     for (const quoter::QuoterBasePtr& record : data->data) {
         const auto* const quote = quoter::recordCast<quoter::QuoterDepthData>(record.get());
@@ -79,6 +98,8 @@ void CModelDepthHolographic::quoterCallback(int, int status,
     bool changed = false;
     {
         const std::lock_guard<std::mutex> lock(m_quoteMutex);
+        if (generation != m_generation)
+            return;
         // Published queues come on the same line: a first batch of those says nothing of snapshots.
         const bool anew = status == kStatusAnew && (data->data.empty() || !seconds.empty());
         if (anew && !m_quotes.isEmpty()) {

@@ -37,7 +37,8 @@ struct DEPTH_EXPORT HolographicDeal : DepthTransData
 /// first snapshot has come there are no intervals.
 ///
 /// Snapshots come through `quoterCallback`; batches of status 0 replace those before, -1, 1, 2 and 3 add.
-/// Late and repeated ones are sorted in.
+/// Late and repeated ones are sorted in. A batch that is being read while the model is cleared or gets
+/// another instrument is dropped.
 ///
 /// Threads: as of the base class, callbacks on any thread; the public fields that are not atomic and all
 /// other operations of this class on the thread of the interface.
@@ -46,6 +47,9 @@ class DEPTH_EXPORT CModelDepthHolographic : public CModelDepthTransaction
 public:
     /// Deals in view until a range is set.
     static constexpr int kUsualDeals = 300;
+
+    /// Chooses the instrument as the base class does. Snapshots of another one are dropped.
+    void setStock(const QString& code);
 
     /// Drops deals, orders and snapshots, and the range of the view; keeps instrument and `fullHeightHand`.
     void clear();
@@ -137,8 +141,9 @@ private:
     bool m_cleared = false; ///< the next recalculation tells of a change, whatever it finds
     DealSummary m_summary;  ///< of the deals up to `lastSeq`
 
-    mutable std::mutex m_quoteMutex; ///< guards the next
+    mutable std::mutex m_quoteMutex; ///< guards the next two; taken before the base class's lock
     QuoteSeconds m_quotes;
+    unsigned m_generation = 0; ///< another one after `clear` and for another instrument
 };
 
 } // namespace Kel

@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <chrono>
 #include <thread>
 
 using namespace Kel;
@@ -17,6 +18,8 @@ namespace {
 
 constexpr int kBatches = 300;
 constexpr int kBatch = 100;
+constexpr int kLongBatch = 200000; // snapshots, to be under way when the instrument changes
+constexpr int kChanges = 20;
 
 } // namespace
 
@@ -79,4 +82,82 @@ TEST(HolographicThreads, TheViewIsWholeAtEveryMomentAndRightAtTheEnd)
     for (int index = 0; index < model.count; ++index)
         extent += model.getData(index)->volume + 1;
     EXPECT_EQ(model.viewExtent, extent);
+}
+
+namespace {
+
+/// A model into which a long batch of snapshots is read on another thread.
+class SnapshotsUnderWay : public testing::Test
+{
+protected:
+    SnapshotsUnderWay()
+    {
+        addInstruments();
+        auto record = boost::make_shared<quoter::QuoterDepthData>();
+        record->m_time = at(10, 0, 0);
+        m_batch = wrap(Batch(kLongBatch, record));
+    }
+
+    /// Calls `change` while the batch is being read, as far as threads let it; gives whether it was not
+    /// over already.
+    template <class Change>
+    bool readDuring(Change change)
+    {
+        model.clear();
+        model.setStock(kStock);
+        std::atomic<bool> started{false};
+        std::thread feed([&] {
+            started = true;
+            model.quoterCallback(0, 1, m_batch);
+        });
+        while (!started)
+            std::this_thread::yield();
+        std::this_thread::sleep_for(std::chrono::microseconds(50));
+        const bool isOver = model.hasIntervals();
+        change();
+        feed.join();
+        return !isOver;
+    }
+
+    CModelDepthHolographic model;
+
+private:
+    boost::shared_ptr<MetaCacheDataWrapper> m_batch;
+};
+
+} // namespace
+
+TEST_F(SnapshotsUnderWay, MakeNoIntervalsOfTheNextInstrument)
+{
+    for (int change = 0; change < kChanges; ++change) {
+        readDuring([this] {
+            model.clear();
+            model.setStock(kOther);
+        });
+        ASSERT_FALSE(model.hasIntervals());
+    }
+}
+
+TEST_F(SnapshotsUnderWay, MakeNoIntervalsOfAChartThatWasCleared)
+{
+    // The other thread may not have begun before the clearing, but not every time.
+    bool isDropped = false;
+    for (int change = 0; change < 10 * kChanges && !isDropped; ++change)
+        isDropped = readDuring([this] { model.clear(); }) && !model.hasIntervals();
+    EXPECT_TRUE(isDropped);
+}
+
+TEST(HolographicThreads, SnapshotsThatCameBetweenClearingAndTheNextInstrumentAreDroppedWithIt)
+{
+    addInstruments();
+    auto record = boost::make_shared<quoter::QuoterDepthData>();
+    record->m_time = at(10, 0, 0);
+    CModelDepthHolographic model;
+    model.setStock(kStock);
+    model.clear();
+    model.quoterCallback(0, 1, wrap({record}));
+    model.setStock(kStock);
+    EXPECT_TRUE(model.hasIntervals()) << "of the same instrument they stay";
+    model.setStock(kOther);
+    EXPECT_FALSE(model.hasIntervals());
 }
