@@ -233,6 +233,41 @@ TEST_F(Wiring, ASelectionIsToldOnceAndEndsThere)
     EXPECT_EQ(told, 3);
 }
 
+TEST_F(Wiring, ARangeOfTheChartIsTheViewOfTheZoomedOneOnly)
+{
+    ASSERT_TRUE(openAt(10, 30));
+    showSingleDeals();
+    const int start = chart().model()->getStartIndex();
+    const int end = chart().model()->getEndIndex();
+    ASSERT_EQ(zoom().model()->getStartIndex(), start);
+    const QPoint from = ChartEyes::pointOf(chart(), start + 40);
+    const QPoint to = ChartEyes::pointOf(chart(), start + 200);
+    ASSERT_GT(to.x(), from.x() + 30);
+    QTest::mousePress(&chart(), Qt::LeftButton, Qt::NoModifier, from);
+    QMouseEvent drag(QEvent::MouseMove, to, Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&chart(), &drag);
+    QTest::mouseRelease(&chart(), Qt::LeftButton, Qt::NoModifier, to);
+    settle();
+    EXPECT_GT(zoom().model()->getStartIndex(), start);
+    EXPECT_LT(zoom().model()->getEndIndex(), end);
+    EXPECT_LE(zoom().model()->getStartIndex(), start + 41);
+    EXPECT_GE(zoom().model()->getEndIndex(), start + 199);
+    EXPECT_EQ(chart().model()->getStartIndex(), start);
+    EXPECT_EQ(chart().model()->getEndIndex(), end);
+
+    // A range in the zoomed chart is no range for anybody.
+    const int zoomStart = zoom().model()->getStartIndex();
+    const int zoomEnd = zoom().model()->getEndIndex();
+    QTest::mousePress(&zoom(), Qt::LeftButton, Qt::NoModifier, QPoint(10, 50));
+    QMouseEvent again(QEvent::MouseMove, QPoint(90, 60), Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&zoom(), &again);
+    QTest::mouseRelease(&zoom(), Qt::LeftButton, Qt::NoModifier, QPoint(90, 60));
+    settle();
+    EXPECT_EQ(zoom().model()->getStartIndex(), zoomStart);
+    EXPECT_EQ(zoom().model()->getEndIndex(), zoomEnd);
+    EXPECT_EQ(chart().model()->getStartIndex(), start);
+}
+
 TEST_F(Wiring, AMarkOfTheFilterDialogMarksQueueAndOrdersOfAPrice)
 {
     ASSERT_TRUE(openAt(10, 30));

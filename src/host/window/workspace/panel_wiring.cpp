@@ -45,12 +45,12 @@ bool PanelWiring::answer(Pane& from, int id, int first, int second, const QStrin
             return true;
         const QScopedValueRollback<bool> answering(m_answering, true);
         if (&from == deals) {
-            highlightInChart(*chart, *deals->panel().model(), second, text);
-            highlightInChart(*zoom, *deals->panel().model(), second, text);
+            highlightInChart(*chart, second, text);
+            highlightInChart(*zoom, second, text);
         } else if (&from == chart || &from == zoom) {
-            highlightInList(static_cast<ChartPane&>(from), second, text);
-            highlightInChart(&from == chart ? *zoom : *chart, *static_cast<ChartPane&>(from).panel().model(),
-                             second, text);
+            auto& source = static_cast<ChartPane&>(from);
+            highlightInList(source, second, text);
+            highlightInOtherChart(source, &from == chart ? *zoom : *chart, second, text);
         }
         return true;
     }
@@ -84,14 +84,23 @@ void PanelWiring::highlightInList(ChartPane& from, int deal, const QString& time
         list.highlightTransaction(deal);
 }
 
-void PanelWiring::highlightInChart(ChartPane& target, const Kel::CModelDepthTransaction& source, int deal,
-                                   const QString& timeTag)
+/// A deal that the chart does not show is brought into view.
+void PanelWiring::highlightInChart(ChartPane& target, int row, const QString& timeTag)
 {
     const int second = timeTag.toInt();
-    if (isSameDeal(source.getData(deal), target.panel().model()->getData(deal)))
-        target.highlight(deal, second);
+    if (isSameDeal(deals->panel().model()->getData(row), target.panel().model()->getData(row)))
+        target.highlight(row, second);
     else
         target.panel().highlightTransactionTime(second);
+}
+
+/// The charts keep their ranges: the zoomed one has been given its own by hand.
+void PanelWiring::highlightInOtherChart(ChartPane& from, ChartPane& target, int deal, const QString& timeTag)
+{
+    if (isSameDeal(from.panel().model()->getData(deal), target.panel().model()->getData(deal)))
+        target.panel().highlightTransactionSeq(deal);
+    else
+        target.panel().highlightTransactionTime(timeTag.toInt());
 }
 
 } // namespace host

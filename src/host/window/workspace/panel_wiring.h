@@ -2,10 +2,6 @@
 
 #include "host/window/panes/Pane.h"
 
-namespace Kel {
-class CModelDepthTransaction;
-}
-
 namespace host {
 
 class ChartPane;
@@ -40,8 +36,8 @@ public:
 
 private:
     void highlightInList(ChartPane& from, int deal, const QString& timeTag);
-    static void highlightInChart(ChartPane& target, const Kel::CModelDepthTransaction& source, int deal,
-                                 const QString& timeTag);
+    void highlightInChart(ChartPane& target, int row, const QString& timeTag);
+    static void highlightInOtherChart(ChartPane& from, ChartPane& target, int deal, const QString& timeTag);
 
     bool m_answering = false; ///< a highlighted panel may tell of its selection: that is no news
 };
