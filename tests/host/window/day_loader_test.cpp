@@ -12,6 +12,7 @@
 
 #include <atomic>
 #include <new>
+#include <numeric>
 
 namespace window_tests {
 namespace {
@@ -52,6 +53,14 @@ protected:
     int progresses = 0;
 };
 
+/// Of all instruments of a simulated source.
+std::vector<int> rows()
+{
+    std::vector<int> all(host::simulatedKinds().size());
+    std::iota(all.begin(), all.end(), 0);
+    return all;
+}
+
 TEST_F(Loader, ListsAndLoadsTheFirstInstrumentThenPricesTheOthers)
 {
     loader.open(smallSource());
@@ -60,7 +69,7 @@ TEST_F(Loader, ListsAndLoadsTheFirstInstrumentThenPricesTheOthers)
     EXPECT_EQ(loaded, std::vector<int>{0});
     EXPECT_EQ(last->detail.code, listed[0].code);
     ASSERT_TRUE(waitUntil([&] { return priced.size() == listed.size(); }));
-    EXPECT_EQ(priced, (std::vector<int>{0, 1, 2, 3, 4, 5}));
+    EXPECT_EQ(priced, rows());
     EXPECT_EQ(loaded.size(), 1U) << "prices alone load nothing";
     EXPECT_GT(progresses, 0);
     EXPECT_TRUE(failures.isEmpty());
@@ -256,7 +265,9 @@ TEST_F(WatchedLoader, PricesGoOnWhenThereIsNoMemoryForOne)
     watch.throwing = 2;
     loader.open(smallSource());
     ASSERT_TRUE(waitUntil([&] { return priced.size() == host::simulatedKinds().size() - 1; }));
-    EXPECT_EQ(priced, (std::vector<int>{0, 1, 3, 4, 5}));
+    std::vector<int> others = rows();
+    others.erase(others.begin() + 2);
+    EXPECT_EQ(priced, others);
     EXPECT_TRUE(failures.isEmpty()) << "nobody asked for it";
     loader.load(2);
     EXPECT_TRUE(waitUntil([&] { return failures.size() == 1; }));

@@ -157,7 +157,7 @@ TEST_F(Window, TheListShowsThePricesOfTheMoment)
             if (model.index(row, host::InstrumentModel::eLastPrice).data().toString() == QLatin1String("--"))
                 return false;
         }
-        return model.rowCount() == 6;
+        return model.rowCount() == static_cast<int>(host::simulatedKinds().size());
     }));
 }
 
