@@ -82,11 +82,11 @@ TEST(ReplaySession, AStartDeliversAllSnapshotsSoFarToThoseWhoWishIt)
     options.allSnapshots = true;
     ReplaySession session(day, sink, options);
     session.startAt(300);
-    EXPECT_THAT(sink.take(), Contains("snapshot 0 s-1 100:1 160:3 250:5 300:6"));
+    EXPECT_THAT(sink.take(), testing::Contains("snapshot 0 s-1 100:1 160:3 250:5 300:6"));
     session.advanceTo(400);
     EXPECT_THAT(sink.take(), ElementsAre("snapshot 2 s-1 400:7"));
     session.startAt(99);
-    EXPECT_THAT(sink.take(), Not(Contains(HasSubstr("snapshot"))));
+    EXPECT_THAT(sink.take(), testing::Not(testing::Contains(testing::HasSubstr("snapshot"))));
 }
 
 TEST(ReplaySession, LargeHistoryGoesOutInBatchesOfWhichNoneLooksLive)
