@@ -36,6 +36,12 @@ Workspace::Workspace(QWidget* parent) : QMainWindow(parent, Qt::Widget)
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { rememberFocus(now); });
 }
 
+Workspace::~Workspace()
+{
+    // The panes' end moves the focus, when this is no workspace any more.
+    disconnect(qApp, nullptr, this, nullptr);
+}
+
 QDockWidget* Workspace::add(const QString& id, const QString& title, QWidget* widget)
 {
     auto* dock = new QDockWidget(title, this);

@@ -19,6 +19,7 @@ class Workspace : public QMainWindow
 
 public:
     explicit Workspace(QWidget* parent = nullptr);
+    ~Workspace() override;
 
     /// Takes a widget in as a pane named `id`; hidden until a layout or the menu shows it.
     QDockWidget* add(const QString& id, const QString& title, QWidget* widget);
