@@ -5,6 +5,7 @@
 #include "feed/simulation/SimulatedExchange.h"
 #include "heap_count.h"
 #include "holographic/CDepthHolographicWidget.h"
+#include "made_up_deals.h"
 #include "platform/services/CStockManager.h"
 #include "platform/utils/CSingletonT.h"
 
@@ -82,26 +83,6 @@ void fillWithADay(Chart& chart, int deals)
     chart.onEntrustCallback(key, 0, 0, orders);
     sendDeals(chart, day.deals, detail.market, detail.code, 0);
     chart.slotTimeOut();
-}
-
-/// Rows of a made-up day: several deals a second, orders that deal with several others.
-std::vector<feed::DealRow> someDeals(int first, int count)
-{
-    constexpr std::int64_t kOpen = 1675215000000; // 2023-02-01 09:30:00 at the exchange
-    constexpr int kDealsPerSecond = 250;
-    std::vector<feed::DealRow> rows(static_cast<std::size_t>(count));
-    for (int index = 0; index < count; ++index) {
-        const int number = first + index;
-        feed::DealRow& row = rows[static_cast<std::size_t>(index)];
-        row.time = kOpen + std::int64_t(number) * 1000 / kDealsPerSecond;
-        row.dealNo = number + 1;
-        row.buyNo = 1 + number / 3 * 2;
-        row.sellNo = 2 + number / 5 * 2;
-        row.price = 10 + number % 17 * 0.01;
-        row.volume = 100 * (1 + number * 7 % 60);
-        row.activeSide = 1 + number / 5 % 2;
-    }
-    return rows;
 }
 
 void fillWithSomeDeals(Chart& chart, int deals)

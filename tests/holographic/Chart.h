@@ -4,12 +4,12 @@
 #include "models/tick/TickRecords.h"
 #include "platform/resources/CUiResource.h"
 #include "platform/services/CUserConfig.h"
-#include "platform/toolkit/CEventHandler.h"
 #include "platform/toolkit/CIndexScrollBar.h"
 #include "platform/toolkit/CMenu.h"
 #include "platform/toolkit/CSimpleInputDialog.h"
 #include "platform/utils/CSingletonT.h"
 #include "records/QuoterDepthData.h"
+#include "support/EventSink.h"
 #include "support/PaintRecorder.h"
 
 #include <QApplication>
@@ -21,48 +21,10 @@
 #include <gtest/gtest.h>
 
 #include <memory>
-#include <ostream>
 #include <vector>
 
 /// The chart for tests, with what it keeps in reach.
 namespace testing_support {
-
-struct SentEvent
-{
-    int id;
-    int first;
-    int second;
-    QString text;
-
-    bool operator==(const SentEvent& other) const
-    {
-        return id == other.id && first == other.first && second == other.second && text == other.text;
-    }
-};
-
-inline std::ostream& operator<<(std::ostream& out, const SentEvent& event)
-{
-    return out << event.id << ' ' << event.first << ' ' << event.second << " \"" << event.text.toStdString()
-               << '"';
-}
-
-/// Takes every event that reaches it.
-class EventSink : public Zeb::CEventHandler
-{
-public:
-    bool handleEvent(int id, int first, int second, QString text, void*) override
-    {
-        events.push_back({id, first, second, text});
-        return true;
-    }
-
-    /// The events so far, which are forgotten.
-    std::vector<SentEvent> take() { return std::exchange(events, {}); }
-
-    std::vector<SentEvent> events;
-};
-
-using Events = std::vector<SentEvent>;
 
 inline QColor colorOf(const char* key)
 {

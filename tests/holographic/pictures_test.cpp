@@ -4,14 +4,13 @@
 
 #include "Chart.h"
 
-#include "feed/import/SharedData.h"
+#include "feed/BusyDay.h"
 #include "feed/import/importDay.h"
 #include "feed/record_making.h"
-#include "feed/simulation/SimulatedExchange.h"
+#include "support/SharedData.h"
+#include "support/picture_folder.h"
 
 #include <boost/make_shared.hpp>
-
-#include <QDir>
 
 #include <set>
 
@@ -19,27 +18,6 @@ using namespace testing_support;
 using namespace Kel;
 
 namespace {
-
-QString folder()
-{
-    const QString given = qEnvironmentVariable("DEPTH_PICTURES");
-    const QString path = given.isEmpty() ? QStringLiteral("holographic_pictures") : given;
-    QDir().mkpath(path);
-    return path;
-}
-
-const feed::InstrumentDay& simulatedDay()
-{
-    static const feed::InstrumentDay day = [] {
-        feed::SimulationSettings settings = feed::busyDay(feed::shenzhenStock(3), 30000);
-        feed::SimulatedExchange exchange(settings);
-        feed::InstrumentDay rows;
-        exchange.runDay(rows);
-        rows.detail = exchange.settings().detail;
-        return rows;
-    }();
-    return day;
-}
 
 class Pictures : public testing::TestWithParam<const char*>
 {
@@ -73,8 +51,9 @@ protected:
     std::set<QRgb> save(QWidget& widget, const QString& name)
     {
         const QImage image = widget.grab().toImage();
-        EXPECT_TRUE(
-            image.save(QStringLiteral("%1/%2_%3.png").arg(folder(), name, QLatin1String(GetParam()))));
+        EXPECT_TRUE(image.save(QStringLiteral("%1/%2_%3.png")
+                                   .arg(pictureFolder(QStringLiteral("holographic_pictures")), name,
+                                        QLatin1String(GetParam()))));
         std::set<QRgb> colors;
         for (int y = 0; y < image.height(); ++y) {
             for (int x = 0; x < image.width(); ++x)
@@ -128,13 +107,13 @@ TEST_P(Pictures, ShowAnEmptyChart)
 
 TEST_P(Pictures, ShowASimulatedDay)
 {
-    saveDay(simulatedDay(), "simulated");
+    saveDay(busyShenzhenDay(), "simulated");
 }
 
 TEST_P(Pictures, OfASimulatedDayHaveBothMarksOnBothSides)
 {
     Chart chart(1150, 480);
-    load(chart, simulatedDay());
+    load(chart, busyShenzhenDay());
     chart.m_model->setFullHeightHandle(20);
     const int first = chart.m_model->getData(0)->time;
     const int last = chart.m_model->getData(chart.m_model->lastSeq)->time;
@@ -185,7 +164,7 @@ TEST_P(Pictures, ShowEveryKindWithMarks)
 TEST_P(Pictures, ShowTinyCharts)
 {
     Chart chart(1150, 480);
-    load(chart, simulatedDay());
+    load(chart, busyShenzhenDay());
     for (const QSize& size : {QSize(220, 120), QSize(90, 60), QSize(40, 15)}) {
         chart.resize(size);
         EXPECT_FALSE(save(chart, QStringLiteral("tiny_%1").arg(size.width())).empty());

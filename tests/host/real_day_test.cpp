@@ -2,19 +2,11 @@
 
 #include "feed/import/importDay.h"
 #include "host/Verification.h"
+#include "support/SharedData.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <filesystem>
-
 namespace {
-
-std::string sharedData()
-{
-    const char* given = std::getenv("DEPTH_SHARED_DATA");
-    return given ? given : DEPTH_SHARED_DATA_DEFAULT;
-}
 
 host::Verification verifyReal(const std::string& folder, const std::string& code)
 {
@@ -28,9 +20,7 @@ host::Verification verifyReal(const std::string& folder, const std::string& code
 
 TEST(RealDay, EveryContinuousSnapshotOf600519MatchesInPriceVolumeAndOrderCountOfTenLevels)
 {
-    const std::string folder = sharedData() + "/600519-20230201";
-    if (!std::filesystem::is_directory(folder))
-        GTEST_SKIP() << "no recorded day at " << folder;
+    REQUIRE_SHARED_DAY(folder, "600519-20230201");
     const host::Verification result = verifyReal(folder, "600519");
     EXPECT_EQ(result.snapshots, 4847);
     EXPECT_EQ(result.snapshotsMatched, 4847);
@@ -48,9 +38,7 @@ TEST(RealDay, EveryContinuousSnapshotOf600519MatchesInPriceVolumeAndOrderCountOf
 
 TEST(RealDay, RowsAndPublishedQueuesOfALevelStyleMorningMatch)
 {
-    const std::string folder = sharedData() + "/queues-20211201";
-    if (!std::filesystem::is_directory(folder))
-        GTEST_SKIP() << "no recorded day at " << folder;
+    REQUIRE_SHARED_DAY(folder, "queues-20211201");
     struct Expected
     {
         const char* code;

@@ -5,8 +5,8 @@
 #include "QueuePanel.h"
 
 #include "platform/resources/CUiResource.h"
+#include "support/picture_folder.h"
 
-#include <QDir>
 #include <QImage>
 #include <QSet>
 
@@ -14,14 +14,6 @@ using namespace testing_support;
 using namespace Kel;
 
 namespace {
-
-QString folder()
-{
-    const QString given = qEnvironmentVariable("DEPTH_PICTURES");
-    const QString path = given.isEmpty() ? QStringLiteral("queue_view_pictures") : given;
-    QDir().mkpath(path);
-    return path;
-}
 
 /// The panel at 900 x 640 with a full book, in one theme.
 class Pictures : public testing::TestWithParam<const char*>
@@ -43,8 +35,9 @@ protected:
     {
         panel.updateAll();
         const QImage image = panel.grab().toImage();
-        EXPECT_TRUE(image.save(
-            QStringLiteral("%1/%2_%3.png").arg(folder(), QLatin1String(name), QLatin1String(GetParam()))));
+        EXPECT_TRUE(image.save(QStringLiteral("%1/%2_%3.png")
+                                   .arg(pictureFolder(QStringLiteral("queue_view_pictures")),
+                                        QLatin1String(name), QLatin1String(GetParam()))));
         return image;
     }
 

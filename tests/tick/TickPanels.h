@@ -4,8 +4,8 @@
 #include "platform/resources/CUiResource.h"
 #include "platform/services/CConfig.h"
 #include "platform/services/CUserConfig.h"
-#include "platform/toolkit/CEventHandler.h"
 #include "platform/utils/CSingletonT.h"
+#include "support/EventSink.h"
 #include "support/PaintRecorder.h"
 #include "tick/CDealTable.h"
 #include "tick/CDepthCancelWidget.h"
@@ -28,38 +28,6 @@ namespace testing_support {
 
 constexpr int kRight = Qt::AlignRight | Qt::AlignVCenter;
 constexpr int kLeft = Qt::AlignLeft | Qt::AlignVCenter;
-
-struct SentEvent
-{
-    int id;
-    int first;
-    int second;
-    QString text;
-
-    bool operator==(const SentEvent& other) const
-    {
-        return id == other.id && first == other.first && second == other.second && text == other.text;
-    }
-};
-
-inline std::ostream& operator<<(std::ostream& out, const SentEvent& event)
-{
-    return out << event.id << ' ' << event.first << ' ' << event.second << " \"" << event.text.toStdString()
-               << '"';
-}
-
-/// Takes every event that reaches it.
-class EventSink : public Zeb::CEventHandler
-{
-public:
-    bool handleEvent(int id, int first, int second, QString text, void*) override
-    {
-        events.push_back({id, first, second, text});
-        return true;
-    }
-
-    std::vector<SentEvent> events;
-};
 
 inline QColor colorOf(const char* key)
 {

@@ -3,16 +3,16 @@
 
 #include "TickPanels.h"
 
-#include "feed/import/SharedData.h"
+#include "feed/BusyDay.h"
 #include "feed/import/importDay.h"
 #include "feed/record_making.h"
-#include "feed/simulation/SimulatedExchange.h"
+#include "support/SharedData.h"
+#include "support/picture_folder.h"
 #include "tick/CDepthEntrustTrackDialog.h"
 #include "tick/CDepthFilterSettingDialog.h"
 
 #include <boost/make_shared.hpp>
 
-#include <QDir>
 #include <QHelpEvent>
 #include <QSet>
 
@@ -20,27 +20,6 @@ using namespace testing_support;
 using namespace Kel;
 
 namespace {
-
-QString folder()
-{
-    const QString given = qEnvironmentVariable("DEPTH_PICTURES");
-    const QString path = given.isEmpty() ? QStringLiteral("tick_pictures") : given;
-    QDir().mkpath(path);
-    return path;
-}
-
-const feed::InstrumentDay& simulatedDay()
-{
-    static const feed::InstrumentDay day = [] {
-        feed::SimulationSettings settings = feed::busyDay(feed::shenzhenStock(3), 30000);
-        feed::SimulatedExchange exchange(settings);
-        feed::InstrumentDay rows;
-        exchange.runDay(rows);
-        rows.detail = exchange.settings().detail;
-        return rows;
-    }();
-    return day;
-}
 
 class Pictures : public testing::TestWithParam<const char*>
 {
@@ -51,16 +30,16 @@ protected:
         utils::CSingletonT<Zeb::CUiResource>::instance().setTheme(QStringLiteral("dark"));
     }
 
-    std::string key() const { return simulatedDay().detail.market + simulatedDay().detail.code; }
+    std::string key() const { return busyShenzhenDay().detail.market + busyShenzhenDay().detail.code; }
 
     boost::shared_ptr<MetaCacheDataWrapper> allOrders() const
     {
-        const auto& rows = simulatedDay().orders;
+        const auto& rows = busyShenzhenDay().orders;
         return wrap(feed::makeOrderBatch(rows.data(), rows.size()), key());
     }
     boost::shared_ptr<MetaCacheDataWrapper> allDeals() const
     {
-        const auto& rows = simulatedDay().deals;
+        const auto& rows = busyShenzhenDay().deals;
         return wrap(feed::makeDealBatch(rows.data(), rows.size()), key());
     }
 
@@ -68,14 +47,15 @@ protected:
     void enter()
     {
         utils::CSingletonT<CStockManager>::instance().addInstrument(
-            boost::make_shared<nelservice::CInstrumentDetail>(simulatedDay().detail));
+            boost::make_shared<nelservice::CInstrumentDetail>(busyShenzhenDay().detail));
     }
 
     int save(QWidget& widget, const char* name)
     {
         const QImage image = widget.grab().toImage();
-        EXPECT_TRUE(image.save(
-            QStringLiteral("%1/%2_%3.png").arg(folder(), QLatin1String(name), QLatin1String(GetParam()))));
+        EXPECT_TRUE(image.save(QStringLiteral("%1/%2_%3.png")
+                                   .arg(pictureFolder(QStringLiteral("tick_pictures")), QLatin1String(name),
+                                        QLatin1String(GetParam()))));
         QSet<QRgb> colors;
         for (int y = 0; y < image.height(); ++y) {
             for (int x = 0; x < image.width(); ++x)

@@ -1,9 +1,9 @@
 #include "feed/import/ReferenceBook.h"
-#include "feed/import/SharedData.h"
 #include "feed/import/importDay.h"
 #include "platform/utils/exchange_time.h"
 #include "records/OrderData.h"
 #include "records/TransactionData.h"
+#include "support/SharedData.h"
 
 #include <gtest/gtest.h>
 

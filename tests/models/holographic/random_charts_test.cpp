@@ -3,7 +3,7 @@
 
 #include "feed/record_making.h"
 #include "feed/simulation/Random.h"
-#include "feed/simulation/SimulatedExchange.h"
+#include "models/tick/SimulatedTicks.h"
 #include "models/tick/TickRecords.h"
 #include "platform/models/CModelDepthHolographic.h"
 #include "platform/models/tick_values.h"
@@ -21,27 +21,11 @@ namespace {
 
 using Pair = std::pair<int, int>;
 
-struct Day
-{
-    feed::InstrumentDay rows;
-    std::string key;
-    int unit = 100;
-};
+using Day = SimulatedTicks;
 
 Day simulate(std::uint64_t seed)
 {
-    feed::SimulationSettings settings =
-        seed % 2 == 0 ? feed::shenzhenStock(seed) : feed::convertibleBond(seed);
-    settings.orders = 2500;
-    feed::SimulatedExchange exchange(settings);
-    Day day;
-    exchange.runDay(day.rows);
-    const auto& detail = exchange.settings().detail;
-    day.key = detail.market + detail.code;
-    day.unit = static_cast<int>(exchange.settings().volumeUnit);
-    utils::CSingletonT<CStockManager>::instance().addInstrument(
-        boost::make_shared<nelservice::CInstrumentDetail>(detail));
-    return day;
+    return simulateTicks(seed, 2500);
 }
 
 /// All that came so far, looked at in the plainest way.

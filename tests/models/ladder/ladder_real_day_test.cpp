@@ -5,11 +5,9 @@
 #include "feed/record_making.h"
 #include "host/DayTimeline.h"
 #include "platform/models/tick_values.h"
+#include "support/SharedData.h"
 
 #include <gtest/gtest.h>
-
-#include <cstdlib>
-#include <filesystem>
 
 namespace {
 
@@ -39,10 +37,7 @@ std::string rebuilt(const Answer::Rows& rows, bool isBuy)
 
 TEST(LadderRealDay, EveryContinuousSnapshotOf600519ShowsTheTenBestRowsOfTheLadder)
 {
-    const char* given = std::getenv("DEPTH_SHARED_DATA");
-    const std::string folder = std::string(given ? given : DEPTH_SHARED_DATA_DEFAULT) + "/600519-20230201";
-    if (!std::filesystem::is_directory(folder))
-        GTEST_SKIP() << "no recorded day at " << folder;
+    REQUIRE_SHARED_DAY(folder, "600519-20230201");
     feed::ImportOptions importing;
     importing.codes = {"600519"};
     const feed::ImportResult result = feed::importDay(folder, importing);

@@ -3,7 +3,7 @@
 
 #include "feed/record_making.h"
 #include "feed/simulation/Random.h"
-#include "feed/simulation/SimulatedExchange.h"
+#include "models/tick/SimulatedTicks.h"
 #include "models/tick/TickRecords.h"
 #include "platform/models/CModelDepthEntrust.h"
 #include "platform/models/CModelDepthTransaction.h"
@@ -23,27 +23,11 @@ using namespace testing_support;
 
 namespace {
 
-struct Day
-{
-    feed::InstrumentDay rows;
-    std::string key;
-    int unit = 100;
-};
+using Day = SimulatedTicks;
 
 Day simulate(std::uint64_t seed)
 {
-    feed::SimulationSettings settings =
-        seed % 2 == 0 ? feed::shenzhenStock(seed) : feed::convertibleBond(seed);
-    settings.orders = 3000;
-    feed::SimulatedExchange exchange(settings);
-    Day day;
-    exchange.runDay(day.rows);
-    const auto& detail = exchange.settings().detail;
-    day.key = detail.market + detail.code;
-    day.unit = static_cast<int>(exchange.settings().volumeUnit);
-    utils::CSingletonT<CStockManager>::instance().addInstrument(
-        boost::make_shared<nelservice::CInstrumentDetail>(detail));
-    return day;
+    return simulateTicks(seed, 3000);
 }
 
 SDepthFilterParam randomFilter(feed::Random& random)

@@ -1,12 +1,12 @@
 // Real days: every deal, order and cancel finds its place, in history and in live batches alike.
 
-#include "feed/import/SharedData.h"
 #include "feed/import/importDay.h"
 #include "feed/record_making.h"
 #include "models/tick/TickRecords.h"
 #include "platform/models/CModelDepthEntrust.h"
 #include "platform/models/CModelDepthTransaction.h"
 #include "platform/models/tick_values.h"
+#include "support/SharedData.h"
 
 #include <gtest/gtest.h>
 
