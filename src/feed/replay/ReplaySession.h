@@ -2,11 +2,13 @@
 
 #include "feed/DayRows.h"
 #include "feed/FeedSink.h"
+#include "feed/replay/ReplayGaps.h"
 
 #include <cstddef>
 #include <cstdint>
 #include <limits>
 #include <string>
+#include <vector>
 
 namespace feed {
 
@@ -18,6 +20,7 @@ struct ReplayOptions
     std::int64_t flushInterval = 100; ///< milliseconds of feed time that are delivered together; at least 1
     double volumeUnit = 0;            ///< shares per lot; 0 for the unit of the instrument
     bool allSnapshots = false; ///< a start delivers all snapshots so far in one batch, not just the latest
+    bool tellGaps = true;      ///< the numbers of calls skip where the day has a hole (`findGaps`)
 };
 
 /// Plays a day into a sink as a quote service would: history in large batches, then live batches.
@@ -37,6 +40,10 @@ struct ReplayOptions
 ///
 /// Live, each interval of feed time is delivered in one go: orders, deals, published queues, snapshots,
 /// ladders.
+///
+/// The calls of a channel are numbered by one, but where the day itself has a hole: the first call of orders
+/// or deals behind it skips a number. A history load tells a hole as well, between two of its batches, or at
+/// the latest with the live batch of deals at its end.
 ///
 /// The day and the sink must outlive the session. For one thread at a time; the sink is called on that
 /// thread.
@@ -112,11 +119,12 @@ private:
     quoter::QuoterBatch snapshotHistory(std::size_t count) const;
     void sendLadder(std::size_t at, int status);
     template <class Send>
-    void sendHistory(std::size_t count, Send send);
+    void sendHistory(std::size_t count, const std::vector<ReplayGaps::Skip>& skips, int& calls, Send send);
 
     const InstrumentDay& m_day;
     FeedSink& m_sink;
     ReplayOptions m_options;
+    ReplayGaps m_gaps;
     std::string m_key;
     bool m_started = false;
     bool m_loaded = false; ///< a history load has left an order standing
