@@ -188,6 +188,23 @@ void ReplaySession::advanceTo(std::int64_t timeMs)
     m_now = timeMs;
 }
 
+std::int64_t ReplaySession::momentAfter(std::size_t records, std::int64_t limit) const
+{
+    Position to = m_at;
+    std::size_t count = 0;
+    std::int64_t moment = m_now;
+    std::int64_t time = 0;
+    for (Kind kind = next(to, time); kind != Kind::None && time <= limit; kind = next(to, time)) {
+        // What a step has left of the moment of the clock goes out with the next moment.
+        if (count >= records && moment > m_now && time > moment)
+            return moment;
+        pass(to, kind, time);
+        moment = std::max(moment, time);
+        ++count;
+    }
+    return limit;
+}
+
 bool ReplaySession::stepTo(Kind wanted)
 {
     start();

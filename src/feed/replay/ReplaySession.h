@@ -61,6 +61,10 @@ public:
     /// before the first record if the session was not started.
     void advanceTo(std::int64_t timeMs);
 
+    /// The moment up to which about `records` more records are due: at least so many, with all others of the
+    /// moment of the last one. `limit` if fewer are due up to there.
+    std::int64_t momentAfter(std::size_t records, std::int64_t limit) const;
+
     /// Go to the next record of a kind and deliver it together with everything before it. The clock stands at
     /// its moment then, and what else is due at that moment stays for the next call. False, with nothing
     /// delivered, if there is no such record any more.
