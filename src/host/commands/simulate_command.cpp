@@ -64,7 +64,8 @@ int runSimulate(const SimulateOptions& options, std::ostream& out, std::ostream&
     if (!writer.beginInstrument(exchange.settings().detail, exchange.settings().tradingDay))
         return fail(err, writer.error().text());
 
-    CountingSink sink(writer);
+    CountingSink written(writer);
+    feed::LosingSink sink(written, exchange.timeAt(0), options.source.lose);
     {
         ProgressBar bar("simulating");
         const std::int64_t first = exchange.nextTime();
@@ -86,17 +87,17 @@ int runSimulate(const SimulateOptions& options, std::ostream& out, std::ostream&
         document["instrument"] = detail.market + detail.code;
         document["day"] = exchange.settings().tradingDay;
         document["seed"] = settings.seed;
-        document["orders"] = sink.orders;
-        document["deals"] = sink.deals;
-        document["cancels"] = sink.cancels;
-        document["snapshots"] = sink.snapshots;
-        document["queues"] = sink.queues;
+        document["orders"] = written.orders;
+        document["deals"] = written.deals;
+        document["cancels"] = written.cancels;
+        document["snapshots"] = written.snapshots;
+        document["queues"] = written.queues;
         out << document.dump(2) << '\n';
     } else {
         out << detail.market << detail.code << ' ' << detail.name << ", day "
-            << exchange.settings().tradingDay << ", seed " << settings.seed << ": " << sink.orders
-            << " orders, " << sink.deals << " deals, " << sink.cancels << " cancels, " << sink.snapshots
-            << " snapshots, " << sink.queues << " queues written to " << options.folder << '\n';
+            << exchange.settings().tradingDay << ", seed " << settings.seed << ": " << written.orders
+            << " orders, " << written.deals << " deals, " << written.cancels << " cancels, " << written.snapshots
+            << " snapshots, " << written.queues << " queues written to " << options.folder << '\n';
     }
     return kExitDone;
 }
