@@ -148,6 +148,9 @@ struct Simulate
         addStyle(*command, options.source, "tick, or level for a day without orders (tick)");
         addLose(*command, options.source, "Orders and deals that are lost, 10:15:00+5s; repeatable");
         addDate(*command, options.source, "Trading day yyyymmdd (20230201)");
+        command->add_flag_function(
+            "--ladders,!--no-ladders", [this](std::int64_t count) { options.ladders = count > 0; },
+            "Write the ladder of each snapshot, or not (only with --style level)");
         command->add_flag("--json", options.json, "Print the counts as JSON");
         return command;
     }

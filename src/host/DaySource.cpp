@@ -73,6 +73,7 @@ bool loadArchive(const DaySource& source, feed::InstrumentDay& day, std::string&
     feed::DayArchiveReader::Options options;
     options.mostRejected = source.mostRejected;
     options.progress = bar.callback();
+    options.ladders = feed::DayArchiveReader::Ladders::Never; // no command has a use for them
     feed::DayArchiveReader reader(source.archive, options);
     if (reader.error()) {
         error = reader.error().text();

@@ -37,12 +37,19 @@ public:
         ++queues;
         m_next.onQueue(row);
     }
+    bool takesLadders() const override { return m_next.takesLadders(); }
+    void onLadder(const feed::LadderRow& row) override
+    {
+        ++ladders;
+        m_next.onLadder(row);
+    }
 
     std::int64_t orders = 0;
     std::int64_t deals = 0;
     std::int64_t cancels = 0;
     std::int64_t snapshots = 0;
     std::int64_t queues = 0;
+    std::int64_t ladders = 0;
 
 private:
     feed::RowSink& m_next;
@@ -60,6 +67,8 @@ int runSimulate(const SimulateOptions& options, std::ostream& out, std::ostream&
     feed::SimulatedExchange exchange(settings);
     feed::DayArchiveWriter::Options writing;
     writing.compress = options.compress;
+    // Without orders nothing else tells the whole ladder.
+    writing.ladders = options.ladders.value_or(settings.style == feed::FeedStyle::Level);
     feed::DayArchiveWriter writer(options.folder, writing);
     if (!writer.beginInstrument(exchange.settings().detail, exchange.settings().tradingDay))
         return fail(err, writer.error().text());
@@ -92,12 +101,14 @@ int runSimulate(const SimulateOptions& options, std::ostream& out, std::ostream&
         document["cancels"] = written.cancels;
         document["snapshots"] = written.snapshots;
         document["queues"] = written.queues;
+        document["ladders"] = written.ladders;
         out << document.dump(2) << '\n';
     } else {
         out << detail.market << detail.code << ' ' << detail.name << ", day "
             << exchange.settings().tradingDay << ", seed " << settings.seed << ": " << written.orders
-            << " orders, " << written.deals << " deals, " << written.cancels << " cancels, " << written.snapshots
-            << " snapshots, " << written.queues << " queues written to " << options.folder << '\n';
+            << " orders, " << written.deals << " deals, " << written.cancels << " cancels, "
+            << written.snapshots << " snapshots, " << written.queues << " queues, " << written.ladders
+            << " ladders written to " << options.folder << '\n';
     }
     return kExitDone;
 }
