@@ -10,6 +10,7 @@
 #include "host/window/panes/InformationPane.h"
 #include "host/window/panes/LadderPane.h"
 #include "host/window/panes/LevelPane.h"
+#include "host/window/panes/ListPane.h"
 #include "host/window/panes/QueueCell.h"
 #include "host/window/panes/TicketPane.h"
 #include "host/window/window_style.h"
@@ -102,7 +103,7 @@ Made* MainWindow::addPane(Arguments... arguments)
 
 void MainWindow::makePanes()
 {
-    m_workspace->add(QStringLiteral("list"), QStringLiteral("品种"), m_list);
+    addPane<ListPane>(m_list);
     m_wiring.queue = addPane<QueueCell>();
     m_wiring.ladder = addPane<LadderPane>();
     m_wiring.deals = addPane<DealsPane>();
