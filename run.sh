@@ -23,11 +23,24 @@ fi
 "$here/scripts/install-dependencies.sh" >&2
 # A folder of its own, since tests and benchmarks want packages that the programs do not.
 build="$here/build/run"
-say "building $program (build/run)"
+first=""
+[[ -e "$build/apps/$program/$program" ]] || first="; the first time takes some minutes"
+say "building $program (build/run)$first"
 log=$(mktemp)
 trap 'rm -f "$log"' EXIT
+# Keeps what a build prints for the case that it fails; of its steps only the number is shown, to somebody who waits.
+keep_log() {
+  local line
+  while IFS= read -r line; do
+    printf '%s\n' "$line" >>"$log"
+    if [[ -t 2 && "$line" =~ ^\[([0-9]+/[0-9]+)\] ]]; then
+      printf '\r== step %s ' "${BASH_REMATCH[1]}" >&2
+    fi
+  done
+  [[ ! -t 2 ]] || printf '\r\033[K' >&2
+}
 if ! { (cd "$here" && cmake --preset release -B "$build" -DDEPTH_BUILD_TESTS=OFF -DDEPTH_BUILD_BENCHMARKS=OFF) &&
-       cmake --build "$build" --target "$program"; } >"$log" 2>&1; then
+       cmake --build "$build" --target "$program"; } 2>&1 | keep_log; then
   cat "$log" >&2
   say "the build failed"
   exit 2

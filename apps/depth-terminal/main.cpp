@@ -7,6 +7,7 @@
 #include "host/window/window_runs.h"
 
 #include <QApplication>
+#include <QIcon>
 #include <QStyleFactory>
 
 #include <clocale>
@@ -57,6 +58,9 @@ int main(int argc, char** argv)
     prepareQt(options);
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("depth-terminal"));
+    // By this name desktops find the installed entry and icon.
+    QGuiApplication::setDesktopFileName(QStringLiteral("depth-terminal"));
+    QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("depth-terminal")));
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     if (!options.shot.isEmpty())
         return host::takeShot(options, std::cerr); // looks as the arguments say, whatever is remembered
