@@ -49,10 +49,28 @@ QDockWidget* Workspace::add(const QString& id, const QString& title, QWidget* wi
     dock->setProperty("pane", id);
     dock->setWidget(widget);
     dock->setTitleBarWidget(new PaneTitle(dock));
+    // A pane behind another tab is not seen: its panel rests.
+    connect(dock, &QDockWidget::visibilityChanged, widget, &QWidget::setVisible);
     addDockWidget(Qt::LeftDockWidgetArea, dock);
     dock->hide();
     m_docks.push_back(dock);
     return dock;
+}
+
+void Workspace::take(QDockWidget* dock)
+{
+    addDockWidget(Qt::RightDockWidgetArea, dock);
+    m_docks.push_back(dock);
+    dock->show();
+}
+
+void Workspace::release(QDockWidget* dock)
+{
+    dock->setFloating(false);
+    removeDockWidget(dock);
+    m_docks.erase(std::remove(m_docks.begin(), m_docks.end(), dock), m_docks.end());
+    if (m_current == dock)
+        m_current = nullptr;
 }
 
 QDockWidget* Workspace::dock(const QString& id) const
@@ -168,12 +186,19 @@ void Workspace::showEvent(QShowEvent* event)
         QTimer::singleShot(0, this, &Workspace::share); // once the first room is known
 }
 
+void Workspace::closeEvent(QCloseEvent* event)
+{
+    QMainWindow::closeEvent(event);
+    Q_EMIT closed();
+}
+
 void Workspace::rememberFocus(QWidget* now)
 {
     for (QWidget* widget = now; widget; widget = widget->parentWidget()) {
         auto* dock = qobject_cast<QDockWidget*>(widget);
         if (dock && std::find(m_docks.begin(), m_docks.end(), dock) != m_docks.end()) {
             m_current = dock;
+            Q_EMIT currentChanged();
             return;
         }
     }
