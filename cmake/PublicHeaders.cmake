@@ -41,6 +41,7 @@ set(DEPTH_PUBLIC_HEADERS
   platform/resources/CUiResourceChangeHandler.h
   platform/resources/mark_colors.h
   platform/services/CConfig.h
+  platform/services/CDataStateWatch.h
   platform/services/CEnumsDataHelper.h
   platform/services/CFormulaManager.h
   platform/services/CStockManager.h

@@ -10,6 +10,8 @@
 #include "tick/CDepthOrderWidget.h"
 #include "tick/CEntrustTitleWidget.h"
 
+#include <QPointer>
+
 #include <boost/make_shared.hpp>
 
 #include <utility>
@@ -129,7 +131,8 @@ void CDepthEntrustWidget::doFilter()
 {
     if (m_filterDialog == nullptr)
         m_filterDialog = new CDepthFilterSettingDialog(eDepthFilterEntrust, this);
-    if (m_filterDialog->exec() != 1)
+    const QPointer<CDepthEntrustWidget> self = this; // the host may delete the panel below its dialog
+    if (m_filterDialog->exec() != 1 || !self)
         return;
     SDepthFilterParam param = m_filterDialog->getFilterParam();
     setFilterParam(param);

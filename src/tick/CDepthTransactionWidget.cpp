@@ -10,6 +10,7 @@
 
 #include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPointer>
 
 #include <boost/make_shared.hpp>
 
@@ -145,7 +146,8 @@ void CDepthTransactionWidget::doFilter()
 {
     if (m_filterDialog == nullptr)
         m_filterDialog = new CDepthFilterSettingDialog(eDepthFilterTransaction, this);
-    if (m_filterDialog->exec() != 1)
+    const QPointer<CDepthTransactionWidget> self = this; // the host may delete the panel below its dialog
+    if (m_filterDialog->exec() != 1 || !self)
         return;
     m_filterParam = m_filterDialog->getFilterParam();
     m_model->setFilterParam(m_filterParam);

@@ -2,6 +2,14 @@
 
 #include "FilterDialogFixture.h"
 
+#include "TickPanels.h"
+
+#include "platform/toolkit/CPushButton.h"
+#include "tick/CDepthEntrustWidget.h"
+#include "tick/CEntrustTitleWidget.h"
+
+#include <QPointer>
+
 using namespace testing_support;
 using namespace Kel;
 
@@ -406,4 +414,43 @@ TEST(DealFilter, AConfirmedFilterNarrowsTheList)
     EXPECT_EQ(panel.m_filterParam.start, 33300000);
     EXPECT_TRUE(panel.m_model->dirty);
     EXPECT_EQ(panel.findChildren<CDepthFilterSettingDialog*>().size(), 1);
+}
+
+TEST(DealFilter, APanelThatIsDeletedBelowItsOpenDialogEndsTheDialog)
+{
+    auto* const panel = new DealPanel;
+    panel->fill(20);
+    const QPointer<QWidget> alive = panel;
+    bool wasOpen = false;
+    QTimer::singleShot(0, qApp, [&] {
+        const QPointer<CDepthFilterSettingDialog> dialog = panel->findChild<CDepthFilterSettingDialog*>();
+        wasOpen = dialog != nullptr && dialog->isVisible();
+        if (dialog)
+            dialog->done(1); // confirmed, and the panel gone before anybody asks for the filter
+        delete panel;
+    });
+    panel->doFilter();
+    EXPECT_TRUE(wasOpen);
+    EXPECT_TRUE(alive.isNull());
+}
+
+TEST(EntrustFilter, APanelThatIsDeletedBelowItsOpenDialogEndsTheDialog)
+{
+    auto* const panel = new CDepthEntrustWidget;
+    panel->resize(900, 300);
+    panel->show();
+    const QPointer<QWidget> alive = panel;
+    bool wasOpen = false;
+    QTimer::singleShot(0, qApp, [&] {
+        const QPointer<CDepthFilterSettingDialog> dialog = panel->findChild<CDepthFilterSettingDialog*>();
+        wasOpen = dialog != nullptr && dialog->isVisible();
+        if (dialog)
+            dialog->done(1);
+        delete panel;
+    });
+    // As a user does it: the button, the title and the panel are on the way of the event.
+    auto* const title = panel->findChild<CEntrustTitleWidget*>();
+    QTest::mouseClick(title->findChild<Zeb::CPushButton*>(), Qt::LeftButton);
+    EXPECT_TRUE(wasOpen);
+    EXPECT_TRUE(alive.isNull());
 }

@@ -40,6 +40,8 @@ ReplaySession::ReplaySession(const InstrumentDay& day, FeedSink& sink, ReplayOpt
     m_options.flushInterval = std::max<std::int64_t>(m_options.flushInterval, 1);
     if (!(m_options.volumeUnit > 0))
         m_options.volumeUnit = utils::getVolumeUnit(day.detail.market, day.detail.code);
+    if (m_options.tellGaps)
+        m_gaps = ReplayGaps(day);
     std::int64_t time = 0;
     if (next(m_at, time) == Kind::None)
         return;
@@ -186,6 +188,23 @@ void ReplaySession::advanceTo(std::int64_t timeMs)
     m_now = timeMs;
 }
 
+std::int64_t ReplaySession::momentAfter(std::size_t records, std::int64_t limit) const
+{
+    Position to = m_at;
+    std::size_t count = 0;
+    std::int64_t moment = m_now;
+    std::int64_t time = 0;
+    for (Kind kind = next(to, time); kind != Kind::None && time <= limit; kind = next(to, time)) {
+        // What a step has left of the moment of the clock goes out with the next moment.
+        if (count >= records && moment > m_now && time > moment)
+            return moment;
+        pass(to, kind, time);
+        moment = std::max(moment, time);
+        ++count;
+    }
+    return limit;
+}
+
 bool ReplaySession::stepTo(Kind wanted)
 {
     start();
@@ -257,6 +276,7 @@ void ReplaySession::deliverUpTo(const Position& to)
 
 void ReplaySession::deliverLive(const Position& to)
 {
+    (m_at.orders < to.orders ? m_orderCalls : m_dealCalls) += m_gaps.live(to.orders, to.deals);
     for (std::size_t from = m_at.orders; from < to.orders;) {
         const std::size_t end = std::min(to.orders, from + m_options.mostLiveOrders);
         sendOrders(from, end, kStatusLive);
@@ -268,11 +288,13 @@ void ReplaySession::deliverLive(const Position& to)
 
 void ReplaySession::deliverHistory(const Position& to)
 {
-    sendHistory(to.deals,
+    const ReplayGaps::Load gaps = m_gaps.load(to.orders, to.deals, kMostLiveOrders);
+    sendHistory(to.deals, gaps.deals, m_dealCalls,
                 [this](std::size_t from, std::size_t end, int status) { sendDeals(from, end, status); });
+    m_dealCalls += gaps.atEnd;
     if (to.orders == 0)
         return;
-    sendHistory(to.orders,
+    sendHistory(to.orders, gaps.orders, m_orderCalls,
                 [this](std::size_t from, std::size_t end, int status) { sendOrders(from, end, status); });
     sendDeals(0, 0, kStatusLive);
     m_loaded = anyOrderStands(to);
@@ -300,19 +322,25 @@ bool ReplaySession::anyOrderStands(const Position& at) const
                        });
 }
 
+/// A load of a channel, `calls` being its count of calls; a batch ends where numbers are skipped.
 template <class Send>
-void ReplaySession::sendHistory(std::size_t count, Send send)
+void ReplaySession::sendHistory(std::size_t count, const std::vector<ReplayGaps::Skip>& skips, int& calls,
+                                Send send)
 {
     std::size_t from = 0;
     int status = kStatusFirst;
+    auto skip = skips.begin();
     do {
-        std::size_t end = std::min(count, from + m_options.historyBatch);
+        const std::size_t most = skip != skips.end() ? skip->row : count;
+        std::size_t end = std::min(most, from + m_options.historyBatch);
         // A short last batch would be taken for a live one.
-        if (count - end <= kMostLiveOrders)
-            end = count;
+        if (most - end <= kMostLiveOrders)
+            end = most;
         send(from, end, status);
         from = end;
         status = kStatusHistory;
+        if (skip != skips.end() && from == skip->row)
+            calls += skip++->numbers;
     } while (from < count);
 }
 

@@ -2,11 +2,13 @@
 
 #include "feed/DayRows.h"
 #include "feed/FeedSink.h"
+#include "feed/replay/ReplayGaps.h"
 
 #include <cstddef>
 #include <cstdint>
 #include <limits>
 #include <string>
+#include <vector>
 
 namespace feed {
 
@@ -18,6 +20,7 @@ struct ReplayOptions
     std::int64_t flushInterval = 100; ///< milliseconds of feed time that are delivered together; at least 1
     double volumeUnit = 0;            ///< shares per lot; 0 for the unit of the instrument
     bool allSnapshots = false; ///< a start delivers all snapshots so far in one batch, not just the latest
+    bool tellGaps = true;      ///< the numbers of calls skip where the day has a hole (`findGaps`)
 };
 
 /// Plays a day into a sink as a quote service would: history in large batches, then live batches.
@@ -38,6 +41,10 @@ struct ReplayOptions
 /// Live, each interval of feed time is delivered in one go: orders, deals, published queues, snapshots,
 /// ladders.
 ///
+/// The calls of a channel are numbered by one, but where the day itself has a hole: the first call of orders
+/// or deals behind it skips a number. A history load tells a hole as well, between two of its batches, or at
+/// the latest with the live batch of deals at its end.
+///
 /// The day and the sink must outlive the session. For one thread at a time; the sink is called on that
 /// thread.
 class ReplaySession
@@ -53,6 +60,10 @@ public:
     /// Delivers what is due in (now, timeMs] live. A moment that is not after now delivers nothing. Starts
     /// before the first record if the session was not started.
     void advanceTo(std::int64_t timeMs);
+
+    /// The moment up to which about `records` more records are due: at least so many, with all others of the
+    /// moment of the last one. `limit` if fewer are due up to there.
+    std::int64_t momentAfter(std::size_t records, std::int64_t limit) const;
 
     /// Go to the next record of a kind and deliver it together with everything before it. The clock stands at
     /// its moment then, and what else is due at that moment stays for the next call. False, with nothing
@@ -112,11 +123,12 @@ private:
     quoter::QuoterBatch snapshotHistory(std::size_t count) const;
     void sendLadder(std::size_t at, int status);
     template <class Send>
-    void sendHistory(std::size_t count, Send send);
+    void sendHistory(std::size_t count, const std::vector<ReplayGaps::Skip>& skips, int& calls, Send send);
 
     const InstrumentDay& m_day;
     FeedSink& m_sink;
     ReplayOptions m_options;
+    ReplayGaps m_gaps;
     std::string m_key;
     bool m_started = false;
     bool m_loaded = false; ///< a history load has left an order standing

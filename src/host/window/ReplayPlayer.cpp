@@ -1,9 +1,5 @@
 #include "host/window/ReplayPlayer.h"
 
-#include "feed/replay/ReplayClock.h"
-#include "feed/replay/ReplaySession.h"
-#include "host/window/day_moments.h"
-#include "platform/services/RPCEngine.h"
 #include "platform/utils/exchange_time.h"
 #include "platform/utils/thread_name.h"
 
@@ -15,11 +11,8 @@ namespace host {
 
 namespace {
 
-constexpr const char* kEngineStrand = "modulegroup";
 constexpr std::chrono::milliseconds kStep(20);     // real time between two deliveries
 constexpr std::chrono::milliseconds kFastPause(1); // lets the GUI thread have the engine in between
-constexpr std::int64_t kFastStepMs = 5000;         // feed time of a delivery as fast as possible
-constexpr std::size_t kHistoryBatch = 5000;        // small, so that the GUI thread waits little for one
 
 } // namespace
 
@@ -40,25 +33,22 @@ public:
                 halt(lock);
             } else if (orders.begun == orders.number && m_begunNumber != orders.number) {
                 begin(lock);
-            } else if (m_session && m_begunNumber == orders.number && orders.playing) {
+            } else if (m_run.started() && m_begunNumber == orders.number && orders.playing) {
                 advance(lock);
             } else {
-                pauseClock();
+                m_run.pause();
                 m_player.m_changed.wait(lock);
             }
         }
     }
 
 private:
-    static std::int64_t realMs() { return utils::clockMSec(); }
-
     void halt(std::unique_lock<std::mutex>& lock)
     {
         m_haltedNumber = m_player.m_orders.number;
         const int number = m_haltedNumber;
         lock.unlock();
-        m_session.reset();
-        net::RPCEngine::drain(kEngineStrand);
+        m_run.stop();
         Q_EMIT m_player.halted(number);
         lock.lock();
     }
@@ -66,22 +56,10 @@ private:
     void begin(std::unique_lock<std::mutex>& lock)
     {
         m_begunNumber = m_player.m_orders.number;
-        const DayPtr day = m_player.m_orders.day;
+        const std::vector<ReplayPart> parts = m_player.m_orders.parts;
         const std::int64_t at = m_player.m_orders.at;
         lock.unlock();
-        if (day != m_day) {
-            m_day = day;
-            m_clock.setBreaks(quietBreaks(*day));
-            m_end = dayRange(*day).end;
-        }
-        m_clock.pause(realMs());
-        m_clock.jumpTo(at, realMs());
-        feed::ReplayOptions options;
-        options.historyBatch = kHistoryBatch;
-        options.allSnapshots = true; // quote panels and charts look at the ones before
-        m_session = std::make_unique<feed::ReplaySession>(*m_day, m_player.m_sink, options);
-        m_session->startAt(at);
-        net::RPCEngine::drain(kEngineStrand);
+        m_run.start(parts, at);
         Q_EMIT m_player.began();
         lock.lock();
     }
@@ -90,44 +68,33 @@ private:
     {
         const double speed = m_player.m_orders.speed;
         lock.unlock();
-        const bool fast = speed == kFast;
-        m_clock.setFastStep(fast ? kFastStepMs : 0, realMs());
-        if (!fast)
-            m_clock.setFactor(speed, realMs());
-        if (m_clock.paused())
-            m_clock.resume(realMs());
-        m_session->advanceTo(m_clock.feedTime(realMs()));
-        net::RPCEngine::drain(kEngineStrand);
-        const bool over = m_session->atEnd();
-        const std::int64_t now = m_session->now();
+        m_run.setSpeed(speed);
+        m_run.advance([this] { return m_player.wanted(m_begunNumber); });
+        const bool over = m_run.atEnd();
         lock.lock();
         if (m_player.m_orders.number != m_begunNumber)
             return;
-        m_player.m_now = over ? std::max(now, m_end) : now;
+        m_player.m_now = over ? std::max(m_player.m_orders.at, m_run.end()) : m_run.now();
         if (over) {
             m_player.m_orders.playing = false;
             Q_EMIT m_player.ended();
             return;
         }
-        m_player.m_changed.wait_for(lock, fast ? kFastPause : kStep);
-    }
-
-    void pauseClock()
-    {
-        if (!m_clock.paused())
-            m_clock.pause(realMs());
+        m_player.m_changed.wait_for(lock, speed == kFast ? kFastPause : kStep);
     }
 
     ReplayPlayer& m_player;
-    DayPtr m_day;
-    std::unique_ptr<feed::ReplaySession> m_session;
-    feed::ReplayClock m_clock{0};
-    std::int64_t m_end = 0; ///< of the day's range: full seconds, so not before its last record
+    ReplayRun m_run{utils::clockMSec};
     int m_haltedNumber = 0;
     int m_begunNumber = 0;
 };
 
-ReplayPlayer::ReplayPlayer(feed::FeedSink& sink, QObject* parent) : QObject(parent), m_sink(sink)
+ReplayPlayer::ReplayPlayer(feed::FeedSink& sink, QObject* parent) : ReplayPlayer(parent)
+{
+    m_sink = &sink;
+}
+
+ReplayPlayer::ReplayPlayer(QObject* parent) : QObject(parent)
 {
     m_thread = std::thread([this] {
         utils::setThreadName("replay");
@@ -151,10 +118,22 @@ void ReplayPlayer::change(Change change)
     m_changed.notify_all();
 }
 
+/// Whether the days of this number are still to be played.
+bool ReplayPlayer::wanted(int number) const
+{
+    const std::lock_guard<std::mutex> lock(m_mutex);
+    return m_orders.playing && m_orders.number == number && !m_orders.quit;
+}
+
 void ReplayPlayer::open(DayPtr day, std::int64_t at)
 {
-    change([this, &day, at](Orders& orders) {
-        orders.day = std::move(day);
+    open(std::vector<ReplayPart>{{std::move(day), m_sink}}, at);
+}
+
+void ReplayPlayer::open(std::vector<ReplayPart> parts, std::int64_t at)
+{
+    change([this, &parts, at](Orders& orders) {
+        orders.parts = std::move(parts);
         orders.at = at;
         ++orders.number;
         m_now = at;
@@ -164,7 +143,7 @@ void ReplayPlayer::open(DayPtr day, std::int64_t at)
 void ReplayPlayer::seek(std::int64_t at)
 {
     change([this, at](Orders& orders) {
-        if (!orders.day)
+        if (orders.parts.empty())
             return;
         orders.at = at;
         ++orders.number;

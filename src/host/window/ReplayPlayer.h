@@ -1,7 +1,6 @@
 #pragma once
 
-#include "feed/FeedSink.h"
-#include "host/window/DayStore.h"
+#include "host/window/ReplayRun.h"
 
 #include <QObject>
 
@@ -10,12 +9,14 @@
 #include <cstdint>
 #include <mutex>
 #include <thread>
+#include <vector>
 
 namespace host {
 
-/// Plays a day into a sink on a thread of its own, which stands for the threads of a quote service.
+/// Plays days, each into its sink, by one clock on a thread of its own, which stands for the threads of a
+/// quote service.
 ///
-/// A new day or another moment takes two steps, since the panels must be emptied while nothing is delivered:
+/// New days or another moment takes two steps, since the panels must be emptied while nothing is delivered:
 /// `open` or `seek` stops the feed, `halted` tells that all of it has arrived, and `begin`, called when the
 /// panels are empty, delivers everything up to the moment as history and goes on from there. A later call
 /// makes an earlier one void.
@@ -23,8 +24,8 @@ namespace host {
 /// Playing never runs ahead of the queue engine: after each step it waits until the engine's strand has
 /// worked it off, so a slow machine plays slower instead of piling up batches.
 ///
-/// All functions and signals belong to the GUI thread; the sink is called on the player's thread and must
-/// outlive the player.
+/// All functions and signals belong to the GUI thread; the sinks are called on the player's thread and must
+/// live until the `halted` of an `open` without them, or the end of the player.
 class ReplayPlayer : public QObject
 {
     Q_OBJECT
@@ -33,13 +34,20 @@ public:
     /// Speed that stands for "as fast as possible".
     static constexpr double kFast = 0;
 
+    explicit ReplayPlayer(QObject* parent = nullptr);
+
+    /// A player of one day at a time, into this sink.
     explicit ReplayPlayer(feed::FeedSink& sink, QObject* parent = nullptr);
     ~ReplayPlayer() override;
 
-    /// Takes a day and stands at a moment of it (ms since 1970-01-01 UTC).
+    /// Takes days in place of those before and stands at a moment (ms since 1970-01-01 UTC). Parts without a
+    /// day or sink are left out.
+    void open(std::vector<ReplayPart> parts, std::int64_t at);
+
+    /// The same for one day and the sink of the constructor.
     void open(DayPtr day, std::int64_t at);
 
-    /// Goes to another moment of the day. Without a day it does nothing.
+    /// Goes to another moment of the days. Without a day it does nothing.
     void seek(std::int64_t at);
 
     /// Answers `halted`. A number that is not that of the last `open` or `seek` is ignored.
@@ -53,7 +61,7 @@ public:
     void setSpeed(double factor);
     double speed() const;
 
-    /// The moment up to which the day was delivered; that of the last `open` or `seek` until it begins.
+    /// The moment up to which all days were delivered; that of the last `open` or `seek` until it begins.
     std::int64_t now() const { return m_now.load(); }
 
 Q_SIGNALS:
@@ -63,13 +71,13 @@ Q_SIGNALS:
     /// The history up to the moment has been delivered and handled.
     void began();
 
-    /// The day is over; the player has paused and stands at the end of the day's range.
+    /// All days are over; the player has paused and stands at the end of the one that ends last.
     void ended();
 
 private:
     struct Orders ///< what the GUI thread wants
     {
-        DayPtr day;
+        std::vector<ReplayPart> parts;
         std::int64_t at = 0;
         int number = 0; ///< of the last `open` or `seek`
         int begun = 0;  ///< the number that may begin
@@ -81,9 +89,10 @@ private:
 
     template <class Change>
     void change(Change change);
+    bool wanted(int number) const;
 
-    feed::FeedSink& m_sink;
-    mutable std::mutex m_mutex; ///< guards the orders
+    feed::FeedSink* m_sink = nullptr; ///< of days that come without one
+    mutable std::mutex m_mutex;       ///< guards the orders
     std::condition_variable m_changed;
     Orders m_orders;
     std::atomic<std::int64_t> m_now{0};

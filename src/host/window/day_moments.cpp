@@ -29,7 +29,36 @@ struct Extent
     }
 };
 
+using Breaks = std::vector<feed::ReplayClock::Break>;
+
+/// The stretches that are in both lists.
+Breaks common(const Breaks& left, const Breaks& right)
+{
+    Breaks both;
+    for (auto l = left.begin(), r = right.begin(); l != left.end() && r != right.end();) {
+        const std::int64_t begin = std::max(l->begin, r->begin);
+        const std::int64_t end = std::min(l->end, r->end);
+        if (begin < end)
+            both.push_back({begin, end});
+        if (l->end < r->end)
+            ++l;
+        else
+            ++r;
+    }
+    return both;
+}
+
 } // namespace
+
+std::vector<feed::ReplayClock::Break> commonBreaks(const std::vector<Breaks>& lists)
+{
+    if (lists.empty())
+        return {};
+    Breaks result = lists.front();
+    for (std::size_t i = 1; i < lists.size(); ++i)
+        result = common(result, lists[i]);
+    return result;
+}
 
 std::vector<feed::ReplayClock::Break> quietBreaks(const feed::InstrumentDay& day)
 {

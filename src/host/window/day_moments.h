@@ -12,6 +12,10 @@ namespace host {
 /// day without orders and deals has none.
 std::vector<feed::ReplayClock::Break> quietBreaks(const feed::InstrumentDay& day);
 
+/// What all of the lists have in common; each is ordered and its breaks do not touch. Empty for no list.
+std::vector<feed::ReplayClock::Break>
+commonBreaks(const std::vector<std::vector<feed::ReplayClock::Break>>& lists);
+
 /// Begin and end of what a replay can show, ms since 1970-01-01 UTC.
 struct DayRange
 {

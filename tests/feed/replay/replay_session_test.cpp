@@ -238,6 +238,33 @@ TEST(ReplaySession, StepsDeliverUpToTheNextOfAKind)
     EXPECT_TRUE(session.atEnd());
 }
 
+TEST(ReplaySession, TellsTheMomentUpToWhichSoManyRecordsAreDue)
+{
+    const InstrumentDay day = dayOf("o100 d110 o120 d120 s120 o130 o140");
+    RecordingSink sink;
+    ReplaySession session(day, sink);
+    session.startAt(100);
+    EXPECT_EQ(session.momentAfter(1, 1000), 110);
+    EXPECT_EQ(session.momentAfter(2, 1000), 120) << "with all others of that moment";
+    EXPECT_EQ(session.momentAfter(4, 1000), 120);
+    EXPECT_EQ(session.momentAfter(5, 1000), 130);
+    EXPECT_EQ(session.momentAfter(5, 125), 125);
+    EXPECT_EQ(session.momentAfter(6, 1000), 1000) << "the last ones leave the way free";
+    EXPECT_EQ(session.momentAfter(9, 1000), 1000);
+}
+
+TEST(ReplaySession, WhatAStepHasLeftCountsWithTheNextMoment)
+{
+    const InstrumentDay day = dayOf("o100 o100 o100 o120 o130");
+    RecordingSink sink;
+    ReplaySession session(day, sink);
+    session.startAt(50);
+    ASSERT_TRUE(session.stepOrder());
+    EXPECT_EQ(session.momentAfter(1, 1000), 120) << "else the clock would stand still";
+    session.advanceTo(120);
+    EXPECT_EQ(session.momentAfter(1, 1000), 1000);
+}
+
 TEST(ReplaySession, StartsAnewAtAnEarlierMoment)
 {
     const InstrumentDay day = dayOf("o100 d200 o300");

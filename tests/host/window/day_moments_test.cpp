@@ -64,6 +64,25 @@ TEST(QuietBreaks, AreStretchesOfMoreThanAMinuteWithoutATick)
     EXPECT_EQ(breaks[0].end, after);
 }
 
+std::string breaksText(const std::vector<feed::ReplayClock::Break>& breaks)
+{
+    std::string text;
+    for (const auto& one : breaks)
+        text += (text.empty() ? "" : " ") + std::to_string(one.begin) + "-" + std::to_string(one.end);
+    return text;
+}
+
+TEST(CommonBreaks, AreWhatAllDaysHaveInCommon)
+{
+    EXPECT_EQ(breaksText(host::commonBreaks({})), "");
+    EXPECT_EQ(breaksText(host::commonBreaks({{{10, 20}, {30, 40}}})), "10-20 30-40");
+    EXPECT_EQ(breaksText(host::commonBreaks({{{10, 20}, {30, 60}}, {{15, 35}, {40, 50}, {55, 90}}})),
+              "15-20 30-35 40-50 55-60");
+    EXPECT_EQ(breaksText(host::commonBreaks({{{10, 20}}, {{20, 30}}})), "") << "they only touch";
+    EXPECT_EQ(breaksText(host::commonBreaks({{{10, 90}}, {{20, 80}}, {{30, 40}, {50, 99}}})), "30-40 50-80");
+    EXPECT_EQ(breaksText(host::commonBreaks({{{10, 90}}, {}})), "");
+}
+
 TEST(QuietBreaks, AreFoundOverLunch)
 {
     const auto breaks = host::quietBreaks(*simulatedDay("fund"));

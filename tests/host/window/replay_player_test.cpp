@@ -190,6 +190,43 @@ TEST_F(Player, SeeksNothingWithoutADay)
     EXPECT_TRUE(halts.empty());
 }
 
+TEST_F(Player, PlaysSeveralDaysByOneClock)
+{
+    testing_support::SmallDay later;
+    for (int i = 0; i < 10; ++i)
+        later.at(60 + i).buy(i + 1, 10, 100);
+    Counter second;
+    player.open({{day, &counter}, {std::make_shared<feed::InstrumentDay>(later.day), &second}},
+                start + 64500);
+    ASSERT_TRUE(waitUntil([&] { return begins == 1; }));
+    EXPECT_EQ(counter.orders, 130);
+    EXPECT_EQ(second.orders, 5);
+    player.seek(start + 30000);
+    counter.orders = 0;
+    second.orders = 0;
+    ASSERT_TRUE(waitUntil([&] { return begins == 2; }));
+    EXPECT_EQ(counter.orders, 62);
+    EXPECT_EQ(second.orders, 0);
+    player.setSpeed(host::ReplayPlayer::kFast);
+    player.play();
+    ASSERT_TRUE(waitUntil([&] { return ends == 1; }));
+    EXPECT_EQ(counter.orders, 200);
+    EXPECT_EQ(second.orders, 10);
+    EXPECT_EQ(player.now(), start + 99000) << "the end of the day that ends last";
+}
+
+TEST_F(Player, TakesOtherDaysInPlaceOfThoseBefore)
+{
+    Counter second;
+    player.open({{day, &counter}, {day, &second}}, start + 9500);
+    ASSERT_TRUE(waitUntil([&] { return begins == 1; }));
+    const int calls = counter.calls;
+    player.open(std::vector<host::ReplayPart>{{day, &second}}, start + 20500);
+    ASSERT_TRUE(waitUntil([&] { return begins == 2; }));
+    EXPECT_EQ(counter.calls, calls);
+    EXPECT_EQ(second.orders, 20 + 42);
+}
+
 TEST(PlayerEnd, StopsWhilePlaying)
 {
     testing_support::SmallDay small;
