@@ -77,6 +77,7 @@ MainWindow::~MainWindow()
     // The feed ends before the panels do.
     m_loader.reset();
     m_player.reset();
+    m_workspaces->deleteWindows();
     delete takeCentralWidget();
 }
 
@@ -372,6 +373,10 @@ void MainWindow::applyStyle()
     QApplication::setPalette(Zeb::themePalette());
     QApplication::setFont(*theme().getFont(QStringLiteral("fnt_default_normal")));
     Zeb::giveSheet(this, windowStyleSheet());
+    for (Workspace* workspace : m_workspaces->windows()) {
+        if (workspace->isWindow())
+            Zeb::giveSheet(workspace, windowStyleSheet());
+    }
     m_actions->showTheme(theme().theme());
     m_actions->showColors(theme().priceColors());
     m_workspaces->refreshIcons();

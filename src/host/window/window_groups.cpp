@@ -16,10 +16,12 @@
 #include "host/window/panes/QueueCell.h"
 #include "host/window/panes/TicketPane.h"
 #include "host/window/panes/pane_kinds.h"
+#include "host/window/window_style.h"
 #include "host/window/workspace/PaneTitle.h"
 #include "host/window/workspace/Workspace.h"
 #include "host/window/workspace/Workspaces.h"
 #include "host/window/workspace/layouts.h"
+#include "platform/toolkit/style_sheets.h"
 
 #include <QDockWidget>
 #include <QMenu>
@@ -50,6 +52,10 @@ void MainWindow::makePanes()
     m_first.levels = qobject_cast<LevelPane*>(pane(QStringLiteral("levels")));
     m_first.ticket = qobject_cast<TicketPane*>(pane(QStringLiteral("ticket")));
     m_first.information = qobject_cast<InformationPane*>(pane(QStringLiteral("information")));
+    connect(m_workspaces, &Workspaces::windowOpened, this, [this](Workspace* window) {
+        Zeb::giveSheet(window, windowStyleSheet());
+        window->addActions(m_actions->findChildren<QAction*>()); // for their keys
+    });
     connect(m_workspaces, &Workspaces::currentChanged, this, [this] {
         if (const Pane* current = m_workspaces->currentPane())
             setCurrentGroup(m_groups.groupOf(current));

@@ -69,6 +69,10 @@ void MainWindow::storeSettings()
 void MainWindow::closeEvent(QCloseEvent* event)
 {
     storeSettings();
+    for (Workspace* workspace : m_workspaces->windows()) {
+        if (workspace->isWindow())
+            workspace->hide();
+    }
     QMainWindow::closeEvent(event);
 }
 

@@ -54,9 +54,9 @@ protected:
     std::set<std::string> opened()
     {
         std::set<std::string> ids;
-        for (const char* id : kPanes) {
-            if (dock(id)->toggleViewAction()->isChecked())
-                ids.insert(id);
+        for (const QDockWidget* dock : workspace().docks()) {
+            if (dock->toggleViewAction()->isChecked())
+                ids.insert(dock->property("pane").toString().toStdString());
         }
         return ids;
     }

@@ -87,6 +87,8 @@ TEST_F(Windows, ThePaneUsedLastIsCurrentInWhateverWindow)
     focus(deals());
     ASSERT_TRUE(spaces().currentPane());
     EXPECT_EQ(spaces().currentPane()->id(), QStringLiteral("deals"));
+    window->activateWindow();
+    ASSERT_TRUE(waitUntil([this] { return window->isActiveWindow(); }));
     focus(*orders().cancelList());
     EXPECT_EQ(spaces().currentPane()->id(), QStringLiteral("orders"));
     second->close();
@@ -126,6 +128,7 @@ TEST_F(Windows, ALayoutIsSavedAndRestoredWithItsWindowsGroupsAndInstruments)
     ASSERT_TRUE(openAt(11, 0, [&](host::TerminalOptions& options) {
         withFile(options);
         options.source.instrument = "fund";
+        options.given.layout = true;
     }));
     EXPECT_EQ(spaces().windows().size(), 1u);
     before = shown;
@@ -141,6 +144,29 @@ TEST_F(Windows, ALayoutIsSavedAndRestoredWithItsWindowsGroupsAndInstruments)
     EXPECT_EQ(window->groups().groupOf(window->pane(QStringLiteral("queue#2"))), 1);
     EXPECT_EQ(window->groups().groupOf(window->pane(QStringLiteral("queue"))), 0);
     EXPECT_EQ(utils::timeOfDayMs(window->player().now()), timeOfDay(10, 30));
+}
+
+TEST_F(Windows, AFurtherWindowHasTheLookAndTheKeysOfTheMainOne)
+{
+    ASSERT_TRUE(openAt(10, 30));
+    host::Workspace* second = spaces().openWindow();
+    spaces().move(dock("deals"), second);
+    ASSERT_TRUE(QTest::qWaitForWindowActive(second));
+    EXPECT_EQ(second->styleSheet(), window->styleSheet());
+    QTest::keyClick(second->windowHandle(), Qt::Key_Space);
+    EXPECT_TRUE(window->player().playing());
+    QTest::keyClick(second->windowHandle(), Qt::Key_T, Qt::ControlModifier);
+    EXPECT_EQ(second->styleSheet(), window->styleSheet()) << "of the other theme now";
+    window->setPlaying(false);
+}
+
+TEST_F(Windows, TheTerminalClosesWithAllItsWindows)
+{
+    ASSERT_TRUE(openAt(10, 30));
+    host::Workspace* second = spaces().openWindow();
+    spaces().move(dock("deals"), second);
+    window->close();
+    EXPECT_FALSE(second->isVisible());
 }
 
 TEST_F(Windows, WindowsWithoutAnyPaneAreNotRestored)

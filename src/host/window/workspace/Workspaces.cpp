@@ -22,6 +22,21 @@ Workspaces::Workspaces(Workspace* first, QObject* parent) : QObject(parent), m_c
     watch(first);
 }
 
+Workspaces::~Workspaces()
+{
+    deleteWindows();
+}
+
+void Workspaces::deleteWindows()
+{
+    while (m_windows.size() > 1) {
+        Workspace* window = m_windows.back();
+        m_windows.pop_back();
+        delete window;
+    }
+    m_current = m_windows.front();
+}
+
 void Workspaces::watch(Workspace* window)
 {
     connect(window, &Workspace::currentChanged, this, [this, window] {
@@ -54,7 +69,7 @@ QList<QAction*> Workspaces::toggles() const
 Workspace* Workspaces::openWindow()
 {
     Workspace* main = m_windows.front();
-    auto* window = new Workspace(main);
+    auto* window = new Workspace(nullptr);
     window->setWindowFlags(Qt::Window);
     window->setObjectName(QStringLiteral("Workspace%1").arg(++m_opened));
     window->setWindowTitle(

@@ -33,6 +33,7 @@ class Workspaces : public QObject
 
 public:
     explicit Workspaces(Workspace* first, QObject* parent = nullptr);
+    ~Workspaces() override;
 
     /// Takes a widget in as a pane of the main window; hidden until a layout or the menu shows it.
     QDockWidget* add(const QString& id, const QString& title, QWidget* widget);
@@ -46,8 +47,12 @@ public:
     /// The windows; the first is the main one.
     const std::vector<Workspace*>& windows() const { return m_windows; }
 
-    /// Opens a further window, empty, beside the others.
+    /// Opens a further window, empty, beside the others. It is a window of its own on the desktop, which no
+    /// other covers for good.
     Workspace* openWindow();
+
+    /// Ends the further windows together with their panes, before the main one ends.
+    void deleteWindows();
 
     /// Brings a pane into a window's workspace and shows it there.
     void move(QDockWidget* dock, Workspace* to);
