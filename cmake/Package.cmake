@@ -52,7 +52,42 @@ install(FILES
     "${PROJECT_BINARY_DIR}/package/DepthPanelsConfigVersion.cmake"
   DESTINATION "${package_dir}" COMPONENT development)
 install(TARGETS depth depth-terminal RUNTIME DESTINATION "${CMAKE_INSTALL_BINDIR}" COMPONENT programs)
-install(DIRECTORY "${PROJECT_SOURCE_DIR}/examples/minimal_host"
-  DESTINATION "${CMAKE_INSTALL_DOCDIR}/examples" COMPONENT development)
+
+# What the desktop shows of the terminal, and the local tables of two simulated instruments.
+set(packaging_dir "${PROJECT_SOURCE_DIR}/packaging")
+install(FILES "${packaging_dir}/depth-terminal.desktop"
+  DESTINATION "${CMAKE_INSTALL_DATADIR}/applications" COMPONENT programs)
+install(FILES "${packaging_dir}/depth-terminal.svg"
+  DESTINATION "${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps" COMPONENT programs)
+install(DIRECTORY "${PROJECT_SOURCE_DIR}/examples/external_data"
+  DESTINATION "${CMAKE_INSTALL_DATADIR}/doc/depth-terminal/examples" COMPONENT programs)
+
+# The pages for embedders, in folders in which their links to each other hold.
+set(development_doc_dir "${CMAKE_INSTALL_DATADIR}/doc/libdepthpanels-dev")
+install(FILES
+    docs/archive-format.md docs/embedding.md docs/events.md docs/feed-records.md docs/importers.md docs/ownership.md
+  DESTINATION "${development_doc_dir}/docs" COMPONENT development)
+file(GLOB drawings CONFIGURE_DEPENDS docs/pictures/*.svg)
+install(FILES ${drawings} DESTINATION "${development_doc_dir}/docs/pictures" COMPONENT development)
+install(FILES themes/README.md themes/dark.json themes/light.json
+  DESTINATION "${development_doc_dir}/themes" COMPONENT development)
+install(DIRECTORY examples/minimal_host DESTINATION "${development_doc_dir}/examples" COMPONENT development)
+
+# Man pages are made from what the programs print for --help; the target `man_pages` is no part of the usual build.
+find_package(Python3 COMPONENTS Interpreter)
+if(Python3_FOUND)
+  set(man_pages)
+  foreach(program IN ITEMS depth depth-terminal)
+    set(man_page "${PROJECT_BINARY_DIR}/man/${program}.1.gz")
+    add_custom_command(OUTPUT "${man_page}"
+      COMMAND "${CMAKE_COMMAND}" -E make_directory "${PROJECT_BINARY_DIR}/man"
+      COMMAND "${packaging_dir}/make_man_page.py" "$<TARGET_FILE:${program}>" "${man_page}"
+      DEPENDS "${packaging_dir}/make_man_page.py" ${program}
+      VERBATIM)
+    list(APPEND man_pages "${man_page}")
+  endforeach()
+  add_custom_target(man_pages DEPENDS ${man_pages})
+  install(FILES ${man_pages} DESTINATION "${CMAKE_INSTALL_MANDIR}/man1" COMPONENT programs OPTIONAL)
+endif()
 
 include(DebianPackages)

@@ -37,7 +37,7 @@ void requireRoundTrip(const char* table, const std::string& header,
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    constexpr const char* kTables[] = {"instruments", "orders", "deals", "snapshots", "queues"};
+    constexpr const char* kTables[] = {"instruments", "orders", "deals", "snapshots", "queues", "ladders"};
     if (size == 0)
         return 0;
     const char* const table = kTables[data[0] % std::size(kTables)];
@@ -50,5 +50,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     requireRoundTrip("deals", feed::kDealsHeader, &feed::InstrumentDay::deals, day);
     requireRoundTrip("snapshots", feed::snapshotsHeader(), &feed::InstrumentDay::snapshots, day);
     requireRoundTrip("queues", feed::kQueuesHeader, &feed::InstrumentDay::queues, day);
+    requireRoundTrip("ladders", feed::kLaddersHeader, &feed::InstrumentDay::ladders, day);
     return 0;
 }

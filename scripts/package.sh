@@ -8,9 +8,12 @@ cd "$(dirname "$0")/.."
 folder=${1:-build/packages}
 scripts/install-dependencies.sh --with-packaging
 # The prefix decides about the folder of libraries, which for Debian has the machine's kind in its name.
+hardened="-Wl,-z,relro,-z,now"
 cmake --preset release -B build/package -DCMAKE_INSTALL_PREFIX=/usr \
+  -DCMAKE_SHARED_LINKER_FLAGS="$hardened" -DCMAKE_EXE_LINKER_FLAGS="$hardened" \
   -DDEPTH_BUILD_TESTS=OFF -DDEPTH_BUILD_BENCHMARKS=OFF >/dev/null
 cmake --build build/package
+cmake --build build/package --target man_pages
 mkdir -p "$folder"
 folder=$(cd "$folder" && pwd)
 (cd build/package && cpack -G DEB -B "$folder" >/dev/null)

@@ -31,6 +31,7 @@ struct Texts
     std::string settings;
     std::string shot;
     std::vector<std::string> modes;
+    std::vector<std::string> lose;
     double mostRejectedPercent = 1;
     bool paused = false;
 };
@@ -82,6 +83,10 @@ void addSource(CLI::App& app, host::DaySource& source, Texts& texts)
         ->check(CLI::Range(std::int64_t(1), std::int64_t(20000000)));
     app.add_option("--date", source.date, "Trading day yyyymmdd, of a simulated or imported day")
         ->check(CLI::Range(std::int64_t(10101), std::int64_t(99991231)));
+    app.add_option("--lose", texts.lose,
+                   "Of the simulated exchange: orders and deals that are lost, 10:15:00+5s; repeatable")
+        ->allow_extra_args(false)
+        ->type_name("TIME+LENGTH");
     app.add_option("--max-rejects", texts.mostRejectedPercent,
                    "Per cent of a file's lines that may be rejected before reading fails (1)")
         ->check(CLI::Range(0.0, kPercent));
@@ -148,6 +153,13 @@ std::string take(const Texts& texts, host::TerminalOptions& options)
         options.source.path = texts.import[1];
     }
     options.source.simulated = options.source.archive.empty() && options.source.path.empty();
+    for (const std::string& text : texts.lose) {
+        options.source.lose.emplace_back();
+        if (!host::readLostStretch(text, options.source.lose.back()))
+            return "--lose: not a stretch like 10:15:00+5s: " + text;
+    }
+    if (!texts.lose.empty() && !options.source.simulated)
+        return "--lose: only of the simulated exchange";
     options.source.mostRejected = texts.mostRejectedPercent / kPercent;
     if (!texts.at.empty() && !utils::parseTimeOfDay(QString::fromStdString(texts.at), options.at))
         return "--at: not a time of day: " + texts.at + " (10:30 or 09:25:03)";

@@ -36,6 +36,24 @@ void addDate(CLI::App& command, host::DaySource& source, const char* words)
         ->check(CLI::Range(std::int64_t(10101), std::int64_t(99991231)));
 }
 
+CLI::Option* addLose(CLI::App& command, host::DaySource& source, const char* words)
+{
+    return command
+        .add_option_function<std::vector<std::string>>(
+            "--lose",
+            [&source](const std::vector<std::string>& texts) {
+                for (const std::string& text : texts) {
+                    feed::LostStretch stretch;
+                    if (!host::readLostStretch(text, stretch))
+                        throw CLI::ValidationError("--lose", "not a stretch like 10:15:00+5s: " + text);
+                    source.lose.push_back(stretch);
+                }
+            },
+            words)
+        ->allow_extra_args(false)
+        ->type_name("TIME+LENGTH");
+}
+
 void addRefresh(CLI::App& command, std::int64_t& ms)
 {
     command
@@ -77,6 +95,8 @@ struct SourceArguments
                                CLI::detail::join(host::simulatedKinds(), ", "));
         addStyle(command, source, "With --seed: tick, or level for a day without orders")->needs(seed);
         addOrders(command, "--day-orders", source, "With --seed: orders of the day")->needs(seed);
+        addLose(command, source, "With --seed: orders and deals that are lost, 10:15:00+5s; repeatable")
+            ->needs(seed);
         addDate(command, source, "Trading day yyyymmdd, of a simulated or imported day");
         addRejects(command);
     }
@@ -126,7 +146,11 @@ struct Simulate
             ->check(CLI::IsMember(host::simulatedKinds()));
         addOrders(*command, "--orders", options.source, "Orders of the day (20000)");
         addStyle(*command, options.source, "tick, or level for a day without orders (tick)");
+        addLose(*command, options.source, "Orders and deals that are lost, 10:15:00+5s; repeatable");
         addDate(*command, options.source, "Trading day yyyymmdd (20230201)");
+        command->add_flag_function(
+            "--ladders,!--no-ladders", [this](std::int64_t count) { options.ladders = count > 0; },
+            "Write the ladder of each snapshot, or not (only with --style level)");
         command->add_flag("--json", options.json, "Print the counts as JSON");
         return command;
     }

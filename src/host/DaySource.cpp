@@ -6,6 +6,9 @@
 #include "feed/simulation/SimulatedExchange.h"
 #include "feed/simulation/instrument_kinds.h"
 #include "host/terminal.h"
+#include "platform/utils/exchange_time.h"
+
+#include <QStringList>
 
 #include <algorithm>
 #include <filesystem>
@@ -70,6 +73,7 @@ bool loadArchive(const DaySource& source, feed::InstrumentDay& day, std::string&
     feed::DayArchiveReader::Options options;
     options.mostRejected = source.mostRejected;
     options.progress = bar.callback();
+    options.ladders = feed::DayArchiveReader::Ladders::Never; // no command has a use for them
     feed::DayArchiveReader reader(source.archive, options);
     if (reader.error()) {
         error = reader.error().text();
@@ -153,7 +157,38 @@ bool simulationSettings(const DaySource& source, feed::SimulationSettings& setti
         error = "the style is tick or level, not " + source.style;
         return false;
     }
+    if (source.lose.empty())
+        return true;
+    if (settings.style != feed::FeedStyle::Tick) {
+        error = "a day without orders has no records to lose";
+        return false;
+    }
+    settings.foreignRows = 0;
     return true;
+}
+
+bool readLostStretch(const std::string& text, feed::LostStretch& stretch)
+{
+    struct Unit
+    {
+        const char* name;
+        std::int64_t ms;
+    };
+    constexpr Unit kUnits[] = {{"ms", 1}, {"s", 1000}, {"m", 60000}};
+    const QStringList parts = QString::fromStdString(text).split(QLatin1Char('+'));
+    std::int64_t begin = 0;
+    if (parts.size() != 2 || !utils::parseTimeOfDay(parts[0], begin))
+        return false;
+    for (const Unit& unit : kUnits) {
+        const QString name = QString::fromLatin1(unit.name);
+        bool number = false;
+        const int count = parts[1].chopped(std::min(name.size(), parts[1].size())).toInt(&number);
+        if (!parts[1].endsWith(name) || !number || count < 1)
+            continue;
+        stretch = {begin, begin + count * unit.ms};
+        return true;
+    }
+    return false;
 }
 
 bool loadDay(const DaySource& source, feed::InstrumentDay& day, std::string& error)
@@ -165,7 +200,12 @@ bool loadDay(const DaySource& source, feed::InstrumentDay& day, std::string& err
     feed::SimulationSettings settings;
     if (!simulationSettings(source, settings, error))
         return false;
-    day = feed::simulatedDay(settings);
+    feed::SimulatedExchange exchange(settings);
+    day = {};
+    day.detail = exchange.settings().detail;
+    day.tradingDay = exchange.settings().tradingDay;
+    feed::LosingSink sink(day, exchange.timeAt(0), source.lose);
+    exchange.runDay(sink);
     return true;
 }
 

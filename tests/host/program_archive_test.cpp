@@ -2,6 +2,8 @@
 
 #include "RunProgram.h"
 
+#include <QFile>
+
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
@@ -51,6 +53,30 @@ TEST(ProgramArchive, TheArchiveGivesTheSamePagesAsTheSeed)
         runProgram(QStringList({"show", "--seed", "5", "--day-orders", "800"}) + what);
     EXPECT_EQ(fromArchive.exitCode, 0);
     EXPECT_EQ(fromArchive.out.toStdString(), fromSeed.out.toStdString());
+}
+
+TEST(ProgramArchive, LaddersAreWrittenOfADayWithoutOrdersOrAsAsked)
+{
+    struct Case
+    {
+        const char* style;
+        const char* option;
+        bool written;
+    };
+    for (const Case& one : {Case{"tick", "", false}, Case{"tick", "--ladders", true}, Case{"level", "", true},
+                            Case{"level", "--no-ladders", false}}) {
+        SCOPED_TRACE(std::string(one.style) + ' ' + one.option);
+        QTemporaryDir folder;
+        QStringList arguments = {"simulate", "--out",   folder.path(), "--orders",
+                                 "50",       "--style", one.style,     "--json"};
+        if (*one.option != '\0')
+            arguments << one.option;
+        const ProgramRun run = runProgram(arguments);
+        ASSERT_EQ(run.exitCode, 0) << run.err.toStdString();
+        const auto json = nlohmann::json::parse(run.out.toStdString());
+        EXPECT_EQ(json["ladders"], one.written ? json["snapshots"] : nlohmann::json(0));
+        EXPECT_EQ(QFile::exists(folder.path() + "/SH600999/ladders.csv"), one.written);
+    }
 }
 
 TEST(ProgramArchive, SeveralInstrumentsAskForAChoice)

@@ -104,10 +104,14 @@ bool DayArchiveReader::load(const std::string& key, InstrumentDay& day, Error& e
     const std::string deals = existing(folder + "deals.csv");
     const std::string snapshots = existing(folder + "snapshots.csv");
     const std::string queues = existing(folder + "queues.csv");
+    const bool takesLadders = m_options.ladders == Ladders::Always ||
+                              (m_options.ladders == Ladders::WithoutOrders && orders.empty());
+    const std::string ladders = takesLadders ? existing(folder + "ladders.csv") : std::string();
     m_bytesBefore = 0;
-    m_bytesAll = sizeOf(orders) + sizeOf(deals) + sizeOf(snapshots) + sizeOf(queues);
+    m_bytesAll = sizeOf(orders) + sizeOf(deals) + sizeOf(snapshots) + sizeOf(queues) + sizeOf(ladders);
     return loadTable(orders, day.orders, error) && loadTable(deals, day.deals, error) &&
-           loadTable(snapshots, day.snapshots, error) && loadTable(queues, day.queues, error);
+           loadTable(snapshots, day.snapshots, error) && loadTable(queues, day.queues, error) &&
+           loadTable(ladders, day.ladders, error);
 }
 
 bool readArchiveTable(std::string_view table, std::string_view bytes, InstrumentDay& day,
@@ -123,6 +127,8 @@ bool readArchiveTable(std::string_view table, std::string_view bytes, Instrument
         return readWhole(std::move(source), name, day.snapshots, report, {}, error);
     if (table == "queues")
         return readWhole(std::move(source), name, day.queues, report, {}, error);
+    if (table == "ladders")
+        return readWhole(std::move(source), name, day.ladders, report, {}, error);
     std::vector<ArchivedInstrument> instruments;
     if (table != "instruments") {
         error = {name, 0, "no table of an archive"};

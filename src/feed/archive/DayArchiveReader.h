@@ -16,10 +16,19 @@ namespace feed {
 class DayArchiveReader
 {
 public:
+    /// Which ladders are read: those of a day fill far more memory than all its other rows.
+    enum class Ladders
+    {
+        Never,
+        WithoutOrders, ///< where the archive has no table of orders, from which the ladder could be made
+        Always,
+    };
+
     struct Options
     {
         double mostRejected =
-            0.01;          ///< share of a table's lines above which the table fails; 1 takes what can be read
+            0.01; ///< share of a table's lines above which the table fails; 1 takes what can be read
+        Ladders ladders = Ladders::WithoutOrders;
         Progress progress; ///< told about the bytes of the instrument that is loaded
     };
 
@@ -53,8 +62,8 @@ private:
 };
 
 /// Reads one table from memory, as the reader does from a file: `table` is "instruments", "orders", "deals",
-/// "snapshots" or "queues". Rows enter `day`; of instruments, the last one. False, with `error` filled, for
-/// what the reader would not take.
+/// "snapshots", "queues" or "ladders". Rows enter `day`; of instruments, the last one. False, with `error`
+/// filled, for what the reader would not take.
 bool readArchiveTable(std::string_view table, std::string_view bytes, InstrumentDay& day,
                       ImportReport& report, Error& error);
 

@@ -14,7 +14,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-const char* const kTableNames[] = {"orders.csv", "deals.csv", "snapshots.csv", "queues.csv"};
+const char* const kTableNames[] = {"orders.csv", "deals.csv", "snapshots.csv", "queues.csv", "ladders.csv"};
 const char* const kInstrumentsName = "instruments.csv";
 const char* const kPackedSuffix = ".zst";
 
@@ -27,8 +27,10 @@ std::string tableHeader(int table)
         return kDealsHeader;
     case 2:
         return snapshotsHeader();
-    default:
+    case 3:
         return kQueuesHeader;
+    default:
+        return kLaddersHeader;
     }
 }
 
@@ -126,6 +128,11 @@ void DayArchiveWriter::onQueue(const QueueRow& row)
     append(Queues, row);
 }
 
+void DayArchiveWriter::onLadder(const LadderRow& row)
+{
+    append(Ladders, row);
+}
+
 bool DayArchiveWriter::finishInstrument()
 {
     if (m_error || !m_inInstrument)
@@ -187,6 +194,8 @@ bool DayArchiveWriter::write(const InstrumentDay& day)
         onSnapshot(row);
     for (const QueueRow& row : day.queues)
         onQueue(row);
+    for (const LadderRow& row : day.ladders)
+        onLadder(row);
     return finishInstrument();
 }
 

@@ -30,6 +30,7 @@ public:
     struct Options
     {
         bool compress = false; ///< write .csv.zst
+        bool ladders = false;  ///< ask for ladders, which fill far more of a disk than all the rest
     };
 
     /// `folder` is created when it is needed.
@@ -41,12 +42,14 @@ public:
     /// `tradingDay` is yyyymmdd and must be that of the archive.
     bool beginInstrument(const nelservice::CInstrumentDetail& detail, std::int64_t tradingDay);
 
-    /// Rows of the instrument: orders and deals by increasing `seq`, snapshots and queues by time. A row with
+    /// Rows of the instrument: orders and deals by increasing `seq`, all others by time. A row with
     /// a price that is not finite cannot be read back and makes the writing fail.
     void onOrder(const OrderRow& row) override;
     void onDeal(const DealRow& row) override;
     void onSnapshot(const SnapshotRow& row) override;
     void onQueue(const QueueRow& row) override;
+    bool takesLadders() const override { return m_options.ladders; }
+    void onLadder(const LadderRow& row) override;
 
     /// Puts the instrument's tables into their places.
     bool finishInstrument();
@@ -54,7 +57,7 @@ public:
     /// Writes the table of instruments. An unfinished instrument is given up.
     bool finish();
 
-    /// Writes all rows of one day: begin, rows, finish of the instrument.
+    /// Writes all rows of one day, its ladders too: begin, rows, finish of the instrument.
     bool write(const InstrumentDay& day);
 
     /// The first failure.
@@ -67,6 +70,7 @@ private:
         Deals,
         Snapshots,
         Queues,
+        Ladders,
         TableCount,
     };
 

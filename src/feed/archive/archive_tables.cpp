@@ -2,58 +2,13 @@
 
 #include "feed/archive/archive_tables.h"
 
+#include "feed/archive/TableColumns.h"
 #include "feed/csv/read_rows.h"
 #include "feed/csv/values.h"
 
 namespace feed {
 
 namespace {
-
-/// Finds columns by name and remembers the first required one that is missing.
-class Columns
-{
-public:
-    explicit Columns(const CsvReader& reader) : m_reader(reader) {}
-
-    int required(const std::string& name)
-    {
-        const int column = m_reader.column(name);
-        if (column < 0 && m_missing.empty())
-            m_missing = name;
-        return column;
-    }
-    int optional(const std::string& name) const { return m_reader.column(name); }
-
-    bool complete(Error& error) const
-    {
-        if (!m_missing.empty())
-            error = {m_reader.fileName(), 1, "has no column " + m_missing};
-        return m_missing.empty();
-    }
-
-private:
-    const CsvReader& m_reader;
-    std::string m_missing;
-};
-
-// An empty cell of an optional column, or a missing one, leaves the value as it is.
-bool optionalInteger(const CsvReader& row, int column, std::int64_t& value)
-{
-    const std::string_view cell = row.field(column);
-    return cell.empty() || parseInteger(cell, value);
-}
-
-bool optionalInteger(const CsvReader& row, int column, std::int32_t& value)
-{
-    const std::string_view cell = row.field(column);
-    return cell.empty() || parseInteger32(cell, value);
-}
-
-bool optionalNumber(const CsvReader& row, int column, double& value)
-{
-    const std::string_view cell = row.field(column);
-    return cell.empty() || parseNumber(cell, value);
-}
 
 bool volumeList(std::string_view cell, std::vector<std::int64_t>& volumes)
 {
@@ -72,25 +27,12 @@ bool volumeList(std::string_view cell, std::vector<std::int64_t>& volumes)
     return true;
 }
 
-/// Whether the table ends before this column, which the program always writes.
-bool isCut(const CsvReader& row, int column)
-{
-    return column >= 0 && !row.lineTerminated() && row.field(column).empty();
-}
-
-const char* const kBadTime = "bad time";
-const char* const kBadSequence = "bad sequence number";
-const char* const kBadNumber = "bad order number";
-const char* const kBadPrice = "bad price";
-const char* const kBadVolume = "bad volume";
-const char* const kBadOutOfOrder = "out of order";
-
 } // namespace
 
 bool readTable(CsvReader& reader, std::vector<ArchivedInstrument>& rows, ImportReport& report,
                const Progress& progress, Error& error)
 {
-    Columns columns(reader);
+    TableColumns columns(reader);
     const int market = columns.required("market");
     const int code = columns.required("code");
     const int name = columns.optional("name");
@@ -127,7 +69,7 @@ bool readTable(CsvReader& reader, std::vector<ArchivedInstrument>& rows, ImportR
 bool readTable(CsvReader& reader, std::vector<OrderRow>& rows, ImportReport& report, const Progress& progress,
                Error& error)
 {
-    Columns columns(reader);
+    TableColumns columns(reader);
     const int time = columns.required("time");
     const int seq = columns.required("seq");
     const int number = columns.required("number");
@@ -165,7 +107,7 @@ bool readTable(CsvReader& reader, std::vector<OrderRow>& rows, ImportReport& rep
 bool readTable(CsvReader& reader, std::vector<DealRow>& rows, ImportReport& report, const Progress& progress,
                Error& error)
 {
-    Columns columns(reader);
+    TableColumns columns(reader);
     const int time = columns.required("time");
     const int seq = columns.required("seq");
     const int dealNo = columns.optional("deal_no");
@@ -207,7 +149,7 @@ bool readTable(CsvReader& reader, std::vector<SnapshotRow>& rows, ImportReport& 
                const Progress& progress, Error& error)
 {
     constexpr int kLevels = quoter::kDepthLevels;
-    Columns columns(reader);
+    TableColumns columns(reader);
     const int time = columns.required("time");
     const int seq = columns.optional("seq");
     const int lastPrice = columns.optional("last_price");
@@ -277,7 +219,7 @@ bool readTable(CsvReader& reader, std::vector<SnapshotRow>& rows, ImportReport& 
 bool readTable(CsvReader& reader, std::vector<QueueRow>& rows, ImportReport& report, const Progress& progress,
                Error& error)
 {
-    Columns columns(reader);
+    TableColumns columns(reader);
     const int time = columns.required("time");
     const int seq = columns.optional("seq");
     const int bidPrice = columns.required("bid_price");

@@ -8,7 +8,7 @@
 #include <vector>
 
 /// The tables of a day archive: their columns, and the rows as text. Each table is a header and a line per
-/// row.
+/// row, but for the ladders, which have a line for each price.
 namespace feed {
 
 extern const char* const kInstrumentsHeader;
@@ -17,6 +17,7 @@ extern const char* const kDealsHeader;
 extern const char* const kQueueEnd; ///< the word in the last column of a queue, by which a cut line is known
 std::string snapshotsHeader();
 extern const char* const kQueuesHeader;
+extern const char* const kLaddersHeader;
 
 /// One line of instruments.csv.
 struct ArchivedInstrument
@@ -34,12 +35,14 @@ void appendLine(std::string& text, const OrderRow& row);
 void appendLine(std::string& text, const DealRow& row);
 void appendLine(std::string& text, const SnapshotRow& row);
 void appendLine(std::string& text, const QueueRow& row);
+void appendLine(std::string& text, const LadderRow& row); ///< several lines, one for each price
 
 /// Whether every number of the row is finite, so that it can be written and read back.
 bool isWritable(const OrderRow& row);
 bool isWritable(const DealRow& row);
 bool isWritable(const SnapshotRow& row);
 bool isWritable(const QueueRow& row);
+bool isWritable(const LadderRow& row);
 
 /// Market and code are file-name parts: letters, digits, '_' and '-' only, and the two together at most 64
 /// long.
@@ -63,5 +66,7 @@ bool readTable(CsvReader& reader, std::vector<SnapshotRow>& rows, ImportReport& 
                const Progress& progress, Error& error);
 bool readTable(CsvReader& reader, std::vector<QueueRow>& rows, ImportReport& report, const Progress& progress,
                Error& error);
+bool readTable(CsvReader& reader, std::vector<LadderRow>& rows, ImportReport& report,
+               const Progress& progress, Error& error);
 
 } // namespace feed

@@ -1,7 +1,8 @@
 // The rows of an archive as lines of text.
 
 #include "feed/archive/archive_tables.h"
-#include "feed/csv/values.h"
+
+#include "feed/archive/TableLine.h"
 
 #include <algorithm>
 #include <cmath>
@@ -41,69 +42,6 @@ constexpr KindName kKindNames[] = {
     {EInstrumentKind::Option, "option"},
 };
 
-/// Appends values with commas between them.
-class Line
-{
-public:
-    explicit Line(std::string& text) : m_text(text) {}
-    ~Line() { m_text += '\n'; }
-    Line(const Line&) = delete;
-    Line& operator=(const Line&) = delete;
-
-    Line& integer(std::int64_t value)
-    {
-        comma();
-        appendInteger(m_text, value);
-        return *this;
-    }
-    Line& number(double value)
-    {
-        comma();
-        appendNumber(m_text, value);
-        return *this;
-    }
-    Line& word(std::string_view value)
-    {
-        comma();
-        m_text += value;
-        return *this;
-    }
-    /// A text that may hold commas and quotes. Line ends and other control characters become blanks.
-    Line& quoted(std::string_view value)
-    {
-        comma();
-        m_text += '"';
-        for (const char c : value) {
-            if (c == '"')
-                m_text += '"';
-            m_text += static_cast<unsigned char>(c) < 0x20 ? ' ' : c;
-        }
-        m_text += '"';
-        return *this;
-    }
-    Line& list(const std::vector<std::int64_t>& values)
-    {
-        comma();
-        for (std::size_t i = 0; i < values.size(); ++i) {
-            if (i > 0)
-                m_text += ' ';
-            appendInteger(m_text, values[i]);
-        }
-        return *this;
-    }
-
-private:
-    void comma()
-    {
-        if (!m_first)
-            m_text += ',';
-        m_first = false;
-    }
-
-    std::string& m_text;
-    bool m_first = true;
-};
-
 bool allFinite(const std::array<double, quoter::kDepthLevels>& values)
 {
     return std::all_of(values.begin(), values.end(), [](double value) { return std::isfinite(value); });
@@ -139,7 +77,7 @@ std::string snapshotsHeader()
 void appendLine(std::string& text, const ArchivedInstrument& instrument)
 {
     const nelservice::CInstrumentDetail& detail = instrument.detail;
-    Line(text)
+    TableLine(text)
         .word(detail.market)
         .word(detail.code)
         .quoted(detail.name)
@@ -153,7 +91,7 @@ void appendLine(std::string& text, const ArchivedInstrument& instrument)
 
 void appendLine(std::string& text, const OrderRow& row)
 {
-    Line(text)
+    TableLine(text)
         .integer(row.time)
         .integer(row.seq)
         .integer(row.number)
@@ -165,7 +103,7 @@ void appendLine(std::string& text, const OrderRow& row)
 
 void appendLine(std::string& text, const DealRow& row)
 {
-    Line(text)
+    TableLine(text)
         .integer(row.time)
         .integer(row.seq)
         .integer(row.dealNo)
@@ -179,7 +117,7 @@ void appendLine(std::string& text, const DealRow& row)
 
 void appendLine(std::string& text, const SnapshotRow& row)
 {
-    Line line(text);
+    TableLine line(text);
     line.integer(row.time)
         .integer(row.seq)
         .number(row.lastPrice)
@@ -204,7 +142,7 @@ void appendLine(std::string& text, const SnapshotRow& row)
 
 void appendLine(std::string& text, const QueueRow& row)
 {
-    Line(text)
+    TableLine(text)
         .integer(row.time)
         .integer(row.seq)
         .number(row.bidPrice)

@@ -23,6 +23,7 @@ struct SimulateOptions
     DaySource source; ///< the simulated part of it
     std::string folder;
     bool compress = false;
+    std::optional<bool> ladders; ///< whether ladders are written; not given: of a day without orders
     bool json = false;
 };
 int runSimulate(const SimulateOptions& options, std::ostream& out, std::ostream& err);

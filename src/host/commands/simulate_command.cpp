@@ -37,12 +37,19 @@ public:
         ++queues;
         m_next.onQueue(row);
     }
+    bool takesLadders() const override { return m_next.takesLadders(); }
+    void onLadder(const feed::LadderRow& row) override
+    {
+        ++ladders;
+        m_next.onLadder(row);
+    }
 
     std::int64_t orders = 0;
     std::int64_t deals = 0;
     std::int64_t cancels = 0;
     std::int64_t snapshots = 0;
     std::int64_t queues = 0;
+    std::int64_t ladders = 0;
 
 private:
     feed::RowSink& m_next;
@@ -60,11 +67,14 @@ int runSimulate(const SimulateOptions& options, std::ostream& out, std::ostream&
     feed::SimulatedExchange exchange(settings);
     feed::DayArchiveWriter::Options writing;
     writing.compress = options.compress;
+    // Without orders nothing else tells the whole ladder.
+    writing.ladders = options.ladders.value_or(settings.style == feed::FeedStyle::Level);
     feed::DayArchiveWriter writer(options.folder, writing);
     if (!writer.beginInstrument(exchange.settings().detail, exchange.settings().tradingDay))
         return fail(err, writer.error().text());
 
-    CountingSink sink(writer);
+    CountingSink written(writer);
+    feed::LosingSink sink(written, exchange.timeAt(0), options.source.lose);
     {
         ProgressBar bar("simulating");
         const std::int64_t first = exchange.nextTime();
@@ -86,17 +96,19 @@ int runSimulate(const SimulateOptions& options, std::ostream& out, std::ostream&
         document["instrument"] = detail.market + detail.code;
         document["day"] = exchange.settings().tradingDay;
         document["seed"] = settings.seed;
-        document["orders"] = sink.orders;
-        document["deals"] = sink.deals;
-        document["cancels"] = sink.cancels;
-        document["snapshots"] = sink.snapshots;
-        document["queues"] = sink.queues;
+        document["orders"] = written.orders;
+        document["deals"] = written.deals;
+        document["cancels"] = written.cancels;
+        document["snapshots"] = written.snapshots;
+        document["queues"] = written.queues;
+        document["ladders"] = written.ladders;
         out << document.dump(2) << '\n';
     } else {
         out << detail.market << detail.code << ' ' << detail.name << ", day "
-            << exchange.settings().tradingDay << ", seed " << settings.seed << ": " << sink.orders
-            << " orders, " << sink.deals << " deals, " << sink.cancels << " cancels, " << sink.snapshots
-            << " snapshots, " << sink.queues << " queues written to " << options.folder << '\n';
+            << exchange.settings().tradingDay << ", seed " << settings.seed << ": " << written.orders
+            << " orders, " << written.deals << " deals, " << written.cancels << " cancels, "
+            << written.snapshots << " snapshots, " << written.queues << " queues, " << written.ladders
+            << " ladders written to " << options.folder << '\n';
     }
     return kExitDone;
 }

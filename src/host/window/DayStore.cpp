@@ -132,16 +132,17 @@ DayPtr DayStore::simulate(std::size_t index, const feed::Progress& progress, std
     day->tradingDay = exchange.settings().tradingDay;
     // Without orders nothing else tells the whole ladder.
     day->keepsLadders = quick() && exchange.settings().style == feed::FeedStyle::Level;
+    feed::LosingSink sink(*day, exchange.timeAt(0), m_source.lose);
     constexpr int kSeconds = feed::hours::kClose - feed::hours::kStart;
     const int step = quick() ? kSimulationStep : kBusySimulationStep;
     for (int second = 0; second < kSeconds; second += step) {
-        exchange.runUntil(exchange.timeAt(feed::hours::kStart + second), *day);
+        exchange.runUntil(exchange.timeAt(feed::hours::kStart + second), sink);
         if (progress && !progress(second, kSeconds)) {
             error = kCancelled;
             return nullptr;
         }
     }
-    exchange.runDay(*day);
+    exchange.runDay(sink);
     return day;
 }
 
