@@ -14,8 +14,8 @@
 
 namespace host {
 
-/// Hands what a feed delivers to all panels. Receivers are added and changed on the GUI thread while nothing is
-/// delivered; they are called on the feed's thread, in their order, and only hand on.
+/// Hands what a feed delivers to all panels. Receivers are added and changed on the GUI thread while nothing
+/// is delivered; they are called on the feed's thread, in their order, and only hand on.
 class FeedHub : public feed::FeedSink
 {
 public:

@@ -153,6 +153,7 @@ TEST_F(Windows, AFurtherWindowHasTheLookAndTheKeysOfTheMainOne)
     spaces().move(dock("deals"), second);
     ASSERT_TRUE(QTest::qWaitForWindowActive(second));
     EXPECT_EQ(second->styleSheet(), window->styleSheet());
+    focus(deals());
     QTest::keyClick(second->windowHandle(), Qt::Key_Space);
     EXPECT_TRUE(window->player().playing());
     QTest::keyClick(second->windowHandle(), Qt::Key_T, Qt::ControlModifier);

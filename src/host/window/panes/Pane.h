@@ -40,8 +40,8 @@ public:
     const QString& id() const { return m_id; }
     const QString& title() const { return m_title; }
 
-    /// Makes the pane the second, third, ... of its kind: "queue#2" with its number in the title. Before it is
-    /// taken into a workspace.
+    /// Makes the pane the second, third, ... of its kind: "queue#2" with its number in the title. Before it
+    /// is taken into a workspace.
     void setNumber(int number);
 
     /// What the id of a further pane of a kind is.
