@@ -9,12 +9,14 @@
 
 #include <map>
 #include <ostream>
+#include <set>
 #include <string>
 #include <vector>
 
 namespace {
 
 constexpr int kLargestSide = 8000; // pixels of a picture
+constexpr QSize kSmallestPane(120, 60);
 constexpr double kPercent = 100;
 
 /// What is given as text and taken over after the parsing.
@@ -30,6 +32,7 @@ struct Texts
     std::string externalData;
     std::string settings;
     std::string shot;
+    std::string pane;
     std::vector<std::string> modes;
     std::vector<std::string> lose;
     double mostRejectedPercent = 1;
@@ -60,6 +63,20 @@ std::vector<std::string> layoutIds()
     for (const host::Layout& layout : host::shippedLayouts())
         ids.push_back(layout.id.toStdString());
     return ids;
+}
+
+std::vector<std::string> paneIds()
+{
+    std::set<std::string> ids;
+    for (const host::Layout& layout : host::shippedLayouts()) {
+        for (const host::LayoutColumn& column : layout.columns) {
+            for (const host::LayoutCell& cell : column.cells) {
+                for (const QString& id : cell.panes)
+                    ids.insert(id.toStdString());
+            }
+        }
+    }
+    return {ids.begin(), ids.end()};
 }
 
 void addSource(CLI::App& app, host::DaySource& source, Texts& texts)
@@ -121,7 +138,7 @@ std::string sizeText(const QSize& size)
     return std::to_string(size.width()) + 'x' + std::to_string(size.height());
 }
 
-bool readSize(const std::string& text, QSize& size)
+bool readSize(const std::string& text, const QSize& smallest, QSize& size)
 {
     const QStringList sides = QString::fromStdString(text).split(QLatin1Char('x'));
     if (sides.size() != 2)
@@ -129,7 +146,6 @@ bool readSize(const std::string& text, QSize& size)
     bool wide = false;
     bool high = false;
     size = QSize(sides[0].toInt(&wide), sides[1].toInt(&high));
-    const QSize smallest = host::MainWindow::smallestSize();
     return wide && high && size == size.expandedTo(smallest).boundedTo(QSize(kLargestSide, kLargestSide));
 }
 
@@ -165,8 +181,9 @@ std::string take(const Texts& texts, host::TerminalOptions& options)
         return "--at: not a time of day: " + texts.at + " (10:30 or 09:25:03)";
     if (!readSpeed(texts.speed, options.speed))
         return "--speed: not 0.1 to 100 or max: " + texts.speed;
-    if (!texts.size.empty() && !readSize(texts.size, options.size))
-        return "--size: not a size of " + sizeText(host::MainWindow::smallestSize()) + " to " +
+    const QSize smallest = texts.pane.empty() ? host::MainWindow::smallestSize() : kSmallestPane;
+    if (!texts.size.empty() && !readSize(texts.size, smallest, options.size))
+        return "--size: not a size of " + sizeText(smallest) + " to " +
                sizeText(QSize(kLargestSide, kLargestSide)) + ": " + texts.size;
     options.playing = !texts.paused;
     options.theme = QString::fromStdString(texts.theme);
@@ -175,6 +192,7 @@ std::string take(const Texts& texts, host::TerminalOptions& options)
     options.settingsFile = QString::fromStdString(texts.settings);
     options.externalData = QString::fromStdString(texts.externalData);
     options.shot = QString::fromStdString(texts.shot);
+    options.pane = QString::fromStdString(texts.pane);
     for (const std::string& word : texts.modes)
         host::takeModeWord(word, options.modes);
     return {};
@@ -202,6 +220,10 @@ bool readArguments(int argc, char** argv, host::TerminalOptions& options, int& e
     app.add_option("--scale", options.scale, "Of the picture, 2 for displays of double density (1)")
         ->check(CLI::Range(0.5, 4.0))
         ->needs(shot);
+    app.add_option("--pane", texts.pane, "Of the picture: only this pane, --size being its own size")
+        ->check(CLI::IsMember(paneIds()))
+        ->needs(shot);
+    app.add_flag("--concise", options.concise, "Of the picture: panels in the concise style")->needs(shot);
     app.add_option("--measure-stalls", options.measureStalls)->check(CLI::Range(0.1, 3600.0))->group("");
     app.add_flag("--tour", options.tour)->group("");
     app.add_flag("--probe-display", options.probe)->group("");

@@ -30,10 +30,12 @@ void prepareQt(const host::TerminalOptions& options)
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
 }
 
-/// What Qt has to remark on the desktop's folders says nothing about the day, and errors are single lines.
-void dropRemarksOnFolders(QtMsgType type, const QMessageLogContext& context, const QString& text)
+/// What Qt has to remark on the desktop's folders, and on what a picture without a display cannot do, says
+/// nothing about the day, and errors are single lines.
+void dropRemarksOnDesktop(QtMsgType type, const QMessageLogContext& context, const QString& text)
 {
-    if (!text.startsWith(QLatin1String("QStandardPaths:")))
+    if (!text.startsWith(QLatin1String("QStandardPaths:")) &&
+        !text.startsWith(QLatin1String("This plugin does not support")))
         std::cerr << qFormatLogMessage(type, context, text).toStdString() << '\n';
 }
 
@@ -51,7 +53,7 @@ int main(int argc, char** argv)
     if (options.shot.isEmpty() && !displayAnswers(argc, argv))
         return host::fail(std::cerr, "no display; --shot FILE.png makes a picture without one");
 
-    qInstallMessageHandler(dropRemarksOnFolders);
+    qInstallMessageHandler(dropRemarksOnDesktop);
     prepareQt(options);
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("depth-terminal"));

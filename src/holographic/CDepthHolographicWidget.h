@@ -79,6 +79,10 @@ public:
     /// that does not exist.
     void middleCurrDeal(int seq);
 
+    /// The deal that the cursor stands on, -1 for none; in column mode it stands for its whole quote interval.
+    int cursorDeal() const { return m_cursorSeq; }
+    bool isColumnMode() const { return m_columnMode; }
+
     /// The data, for exports and other views. Never null.
     const boost::shared_ptr<CModelDepthHolographic>& model() const { return m_model; }
 

@@ -64,6 +64,13 @@ public:
     /// Levels a side: 1, 5 or 10.
     int getShelves() { return m_shelves; }
 
+    /// The quote as it stands now, a copy.
+    EntrustStatusData quote() const { return m_model.data(); }
+
+    /// The row of the marked cell, counted from the farthest sell level with the latest price's row between
+    /// the sides; -1 without a mark.
+    int markedRow() const { return m_clickRect.isEmpty() ? -1 : m_clickRect.y() / m_rowHeight; }
+
     /// Pixels that all rows take.
     int getMinimumSizeHeight() const { return (2 * m_shelves + 1) * m_rowHeight; }
 

@@ -101,6 +101,9 @@ public:
 
     bool handleEvent(int id, int first, int second, QString text, void* pointer) override;
 
+    /// The engine, for exports and other views: its rows are those of the next picture.
+    const CDepthModelOrderQueue& model() const { return m_model; }
+
     // Feed (any thread)
     // -----------------------------------------------------------------------------------------
 

@@ -89,6 +89,19 @@ public:
         m_pairParamFunc = std::move(pairParam);
     }
 
+    // What is shown, for exports and other views: prices in yuan, volumes in lots, the best price of sells
+    // first and of buys last. Rows are shared and never changed.
+    const std::vector<boost::shared_ptr<EntrustData>>& sellRows() const { return m_sellQueues; }
+    const std::vector<boost::shared_ptr<EntrustData>>& buyRows() const { return m_buyQueues; }
+
+    /// Of the newest deal: the largest double, and -1, without one.
+    double latestPrice() const { return m_latestPrice; }
+    int lastVolume() const { return m_lastVolume; }
+
+    /// The selected level, null without one, and its side.
+    boost::shared_ptr<EntrustData> selectedRow() const { return m_selected; }
+    bool isBuySelected() const { return m_selectedSide == 1; }
+
     /// The orders of the selected level as they stand now, with the tick (yuan) and the unit (shares of a
     /// lot) of the model that is rebuilt from orders. Null without a selection, which leaves both outputs
     /// alone, and for a level that is gone.

@@ -8,6 +8,7 @@
 #include <absl/container/flat_hash_map.h>
 
 #include <algorithm>
+#include <deque>
 
 namespace feed {
 
@@ -120,17 +121,29 @@ void ReplaySession::pass(Position& at, Kind kind, std::int64_t time)
 
 void ReplaySession::startAt(std::int64_t timeMs)
 {
-    m_started = true;
-    m_at = Position();
-    m_now = timeMs;
-    m_orderCalls = 0;
-    m_dealCalls = 0;
-    m_quoteCalls = 0;
-    m_ladderCalls = 0;
     Position to;
     std::int64_t time = 0;
     for (Kind kind = next(to, time); kind != Kind::None && time <= timeMs; kind = next(to, time))
         pass(to, kind, time);
+    m_now = timeMs;
+    load(to);
+}
+
+void ReplaySession::startAt(const Place& place)
+{
+    m_now = place.m_moment;
+    load(place.m_position);
+}
+
+/// Everything up to a place goes out as history.
+void ReplaySession::load(const Position& to)
+{
+    m_started = true;
+    m_at = Position();
+    m_orderCalls = 0;
+    m_dealCalls = 0;
+    m_quoteCalls = 0;
+    m_ladderCalls = 0;
     m_loaded = false;
     deliverHistory(to);
     if (to.snapshots > 0)
@@ -205,7 +218,7 @@ std::int64_t ReplaySession::momentAfter(std::size_t records, std::int64_t limit)
     return limit;
 }
 
-bool ReplaySession::stepTo(Kind wanted)
+bool ReplaySession::step(Kind wanted)
 {
     start();
     Position to = m_at;
@@ -221,19 +234,44 @@ bool ReplaySession::stepTo(Kind wanted)
     return false;
 }
 
-bool ReplaySession::stepOrder()
+bool ReplaySession::stepBack(Kind kind)
 {
-    return stepTo(Kind::Order);
+    Place before;
+    if (!placeBefore(kind, 1, before))
+        return false;
+    startAt(before);
+    return true;
 }
 
-bool ReplaySession::stepDeal()
+ReplaySession::Place ReplaySession::place() const
 {
-    return stepTo(Kind::Deal);
+    Place here;
+    here.m_position = m_at;
+    here.m_moment = m_now;
+    return here;
 }
 
-bool ReplaySession::stepSnapshot()
+bool ReplaySession::placeBefore(Kind wanted, std::size_t steps, Place& place) const
 {
-    return stepTo(Kind::Snapshot);
+    const std::size_t end = m_at.records();
+    std::deque<Place> found; // the latest ones
+    Place at;
+    std::int64_t time = 0;
+    for (Kind kind = next(at.m_position, time); kind != Kind::None; kind = next(at.m_position, time)) {
+        pass(at.m_position, kind, time);
+        at.m_moment = at.m_position.records() == 1 ? time : std::max(at.m_moment, time);
+        if (at.m_position.records() >= end)
+            break;
+        if (kind != wanted)
+            continue;
+        found.push_back(at);
+        if (found.size() > std::max<std::size_t>(steps, 1))
+            found.pop_front();
+    }
+    if (found.empty())
+        return false;
+    place = found.front();
+    return true;
 }
 
 void ReplaySession::playAll()

@@ -50,6 +50,19 @@ struct ReplayOptions
 class ReplaySession
 {
 public:
+    /// A kind of record.
+    enum class Kind
+    {
+        None,
+        Order,
+        Deal,
+        Queue,
+        Snapshot,
+        Ladder,
+    };
+
+    class Place;
+
     ReplaySession(const InstrumentDay& day, FeedSink& sink, ReplayOptions options);
     ReplaySession(const InstrumentDay& day, FeedSink& sink);
 
@@ -68,9 +81,25 @@ public:
     /// Go to the next record of a kind and deliver it together with everything before it. The clock stands at
     /// its moment then, and what else is due at that moment stays for the next call. False, with nothing
     /// delivered, if there is no such record any more.
-    bool stepOrder();
-    bool stepDeal();
-    bool stepSnapshot();
+    bool step(Kind kind);
+    bool stepOrder() { return step(Kind::Order); }
+    bool stepDeal() { return step(Kind::Deal); }
+    bool stepSnapshot() { return step(Kind::Snapshot); }
+
+    /// Goes back to the latest place before the present one at which a step to a record of the kind ends, by
+    /// a start there: a step forward and one back end where they began if a step ended there. False, with
+    /// nothing delivered, if there is no such place.
+    bool stepBack(Kind kind);
+
+    /// Where the session stands.
+    Place place() const;
+
+    /// The place that so many steps back lead to, at least one, or as many as there are. False, with the
+    /// place left as it is, if there is none.
+    bool placeBefore(Kind kind, std::size_t steps, Place& place) const;
+
+    /// Starts anew at a place that this session or another of the same day has told.
+    void startAt(const Place& place);
 
     /// Delivers the rest of the day.
     void playAll();
@@ -89,16 +118,6 @@ public:
     const std::string& key() const { return m_key; }
 
 private:
-    enum class Kind
-    {
-        None,
-        Order,
-        Deal,
-        Queue,
-        Snapshot,
-        Ladder,
-    };
-
     /// How much of each vector is used up, and the latest moment of the sequence so far.
     struct Position
     {
@@ -108,12 +127,14 @@ private:
         std::size_t snapshots = 0;
         std::size_t ladders = 0;
         std::int64_t sequenceTime = std::numeric_limits<std::int64_t>::min();
+
+        std::size_t records() const { return orders + deals + queues + snapshots + ladders; }
     };
 
     Kind next(const Position& at, std::int64_t& time) const;
     static void pass(Position& at, Kind kind, std::int64_t time);
     void start();
-    bool stepTo(Kind kind);
+    void load(const Position& to);
     bool anyOrderStands(const Position& at) const;
     void deliverUpTo(const Position& to);
     void deliverLive(const Position& to);
@@ -140,6 +161,20 @@ private:
     int m_dealCalls = 0;
     int m_quoteCalls = 0;
     int m_ladderCalls = 0;
+};
+
+/// A place between two records of a day, of which several may be of one moment. Made by a session.
+class ReplaySession::Place
+{
+public:
+    /// The clock there, milliseconds since 1970 UTC.
+    std::int64_t moment() const { return m_moment; }
+
+private:
+    friend class ReplaySession;
+
+    Position m_position;
+    std::int64_t m_moment = 0;
 };
 
 } // namespace feed

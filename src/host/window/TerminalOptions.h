@@ -51,8 +51,10 @@ struct TerminalOptions
     } given;
     QSize size; ///< of the window, pixels at 100 %; empty for the usual one
 
-    QString shot;             ///< file of a picture; empty for a window
-    double scale = 1;         ///< of the picture
+    QString shot;         ///< file of a picture; empty for a window
+    QString pane;         ///< id of the pane that the picture is of, `size` its size; empty for the window
+    bool concise = false; ///< panels in the picture take the concise style's colours
+    double scale = 1;     ///< of the picture
     double measureStalls = 0; ///< seconds over which the event loop is watched; 0 for a usual run
     bool probe = false;       ///< only finds out whether a window can be opened
     bool tour = false;        ///< goes through the window's commands by itself and closes it

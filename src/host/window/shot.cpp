@@ -2,11 +2,15 @@
 
 #include "host/commands/commands.h"
 #include "host/window/MainWindow.h"
-#include "host/window/panes/QueueCell.h"
-#include "queue_view/CDepthOrderQueueWidget.h"
+#include "host/window/workspace/Workspace.h"
+#include "platform/resources/CUiResource.h"
+#include "platform/services/CConfig.h"
+#include "platform/utils/CSingletonT.h"
 
-#include <QCoreApplication>
+#include <QApplication>
+#include <QDockWidget>
 #include <QEventLoop>
+#include <QLayout>
 #include <QPixmap>
 #include <QTimer>
 
@@ -20,12 +24,32 @@ namespace {
 // two seconds after them.
 constexpr int kSettleMs = 2300;
 
+/// Takes a pane out of the window, so that it is shown at its own size whatever the layout.
+QWidget* takeOut(QDockWidget& dock, const QSize& wanted)
+{
+    QWidget* pane = dock.widget();
+    dock.setFloating(true);
+    dock.show();
+    pane->show(); // it rested, if it was not seen
+    dock.layout()->activate();
+    const QSize size = wanted.isEmpty() ? pane->sizeHint() : wanted;
+    dock.resize(size + (dock.size() - pane->size()));
+    return pane;
+}
+
 } // namespace
 
 int takeShot(TerminalOptions options, std::ostream& err)
 {
     options.playing = false;
+    const QSize paneSize = options.size;
+    if (!options.pane.isEmpty())
+        options.size = QSize();
     MainWindow window(options);
+    if (options.concise) {
+        Kel::getConfig()->setConciseStyle(true);
+        utils::CSingletonT<Zeb::CUiResource>::instance().setTheme(options.theme);
+    }
     QEventLoop loop;
     QString failure;
     QObject::connect(&window, &MainWindow::startFailed, &loop, [&](const QString& reason) {
@@ -35,12 +59,17 @@ int takeShot(TerminalOptions options, std::ostream& err)
     QObject::connect(&window, &MainWindow::shown, &loop,
                      [&] { QTimer::singleShot(kSettleMs, &loop, &QEventLoop::quit); });
     window.show();
+    QWidget* shown = &window;
+    if (QDockWidget* dock = window.workspace().dock(options.pane))
+        shown = takeOut(*dock, paneSize);
     // The call comes back when the loop runs.
     QTimer::singleShot(0, &window, &MainWindow::start);
     loop.exec();
     if (!failure.isEmpty())
         return fail(err, failure.toStdString());
-    if (!window.grab().save(options.shot))
+    if (QWidget* focused = QApplication::focusWidget(); focused && shown != &window)
+        focused->clearFocus(); // a window of its own has given it to one of its buttons
+    if (!shown->grab().save(options.shot))
         return fail(err, options.shot.toStdString() + ": the picture cannot be written");
     return kExitDone;
 }

@@ -13,6 +13,7 @@
 #include "host/window/panes/InformationPane.h"
 #include "host/window/panes/LadderPane.h"
 #include "host/window/panes/LevelPane.h"
+#include "host/window/panes/ListPane.h"
 #include "host/window/panes/QueueCell.h"
 #include "host/window/panes/TicketPane.h"
 #include "host/window/panes/pane_kinds.h"
@@ -30,16 +31,10 @@
 
 namespace host {
 
-namespace {
-
-const QString kList = QStringLiteral("list");
-
-} // namespace
-
 void MainWindow::makePanes()
 {
-    QDockWidget* list = m_workspaces->add(kList, QStringLiteral("品种"), m_list);
-    placeChip(list, nullptr);
+    auto* list = new ListPane(m_list);
+    placeChip(m_workspaces->add(list->id(), list->title(), list), nullptr);
     for (const PaneKind& kind : paneKinds())
         takePane(makePane(kind.id));
     m_actions->addPanes(m_workspaces->toggles());
@@ -57,7 +52,8 @@ void MainWindow::makePanes()
         window->addActions(m_actions->findChildren<QAction*>()); // for their keys
     });
     connect(m_workspaces, &Workspaces::currentChanged, this, [this] {
-        if (const Pane* current = m_workspaces->currentPane())
+        const Pane* current = m_workspaces->currentPane();
+        if (current && !qobject_cast<const ListPane*>(current)) // which shows no instrument of its own
             setCurrentGroup(m_groups.groupOf(current));
     });
 }

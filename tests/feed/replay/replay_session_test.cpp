@@ -238,6 +238,73 @@ TEST(ReplaySession, StepsDeliverUpToTheNextOfAKind)
     EXPECT_TRUE(session.atEnd());
 }
 
+TEST(ReplaySession, AStepBackEndsWhereTheStepForwardBefore)
+{
+    const InstrumentDay day = dayOf("o100 d110 o120 o120 s130 o140");
+    RecordingSink sink;
+    ReplaySession session(day, sink);
+    for (int i = 0; i < 4; ++i)
+        ASSERT_TRUE(session.stepOrder());
+    EXPECT_EQ(session.now(), 140);
+    sink.take();
+    ASSERT_TRUE(session.stepBack(ReplaySession::Kind::Order));
+    EXPECT_EQ(session.now(), 120);
+    EXPECT_THAT(sink.take(), ElementsAre("deals 0 s0 110:2", "orders 0 s0 100:1 120:3 120:4", "deals 1 s1"))
+        << "without the snapshot that came later";
+    ASSERT_TRUE(session.stepBack(ReplaySession::Kind::Order));
+    EXPECT_EQ(session.now(), 120);
+    EXPECT_THAT(sink.take(), ElementsAre("deals 0 s0 110:2", "orders 0 s0 100:1 120:3", "deals 1 s1"))
+        << "between two of one moment";
+    ASSERT_TRUE(session.stepBack(ReplaySession::Kind::Order));
+    EXPECT_EQ(session.now(), 100);
+    EXPECT_THAT(sink.take(), ElementsAre("deals 0 s0", "orders 0 s0 100:1", "deals 1 s1"));
+    EXPECT_FALSE(session.stepBack(ReplaySession::Kind::Order)) << "the first";
+    EXPECT_FALSE(session.stepBack(ReplaySession::Kind::Snapshot));
+    EXPECT_EQ(session.now(), 100);
+    EXPECT_THAT(sink.take(), IsEmpty());
+    ASSERT_TRUE(session.stepOrder());
+    EXPECT_THAT(sink.take(), ElementsAre("orders 1 s1 120:3", "deals 2 s1 110:2"));
+}
+
+TEST(ReplaySession, AStepBackFromBetweenTwoGoesToTheOneBefore)
+{
+    const InstrumentDay day = dayOf("o100 d110 o120 d130 s140 d150");
+    RecordingSink sink;
+    ReplaySession session(day, sink);
+    session.startAt(145);
+    sink.take();
+    ASSERT_TRUE(session.stepBack(ReplaySession::Kind::Order));
+    EXPECT_EQ(session.now(), 120);
+    EXPECT_THAT(sink.take(), ElementsAre("deals 0 s0 110:2", "orders 0 s0 100:1 120:3", "deals 1 s1"));
+    session.playAll();
+    sink.take();
+    ASSERT_TRUE(session.stepBack(ReplaySession::Kind::Snapshot));
+    EXPECT_EQ(session.now(), 140);
+    EXPECT_THAT(sink.take(), testing::Contains("snapshot 0 s-1 140:5"));
+}
+
+TEST(ReplaySession, SeveralStepsBackAtOnceGoAsFarAsThereAreAny)
+{
+    const InstrumentDay day = dayOf("o100 d110 d120 d130 d140");
+    RecordingSink sink;
+    ReplaySession session(day, sink);
+    ReplaySession::Place place = session.place();
+    EXPECT_FALSE(session.placeBefore(ReplaySession::Kind::Deal, 1, place)) << "not started";
+    session.playAll();
+    ASSERT_TRUE(session.placeBefore(ReplaySession::Kind::Deal, 2, place));
+    EXPECT_EQ(place.moment(), 120);
+    ASSERT_TRUE(session.placeBefore(ReplaySession::Kind::Deal, 9, place));
+    EXPECT_EQ(place.moment(), 110);
+    EXPECT_FALSE(session.placeBefore(ReplaySession::Kind::Ladder, 9, place));
+    EXPECT_EQ(place.moment(), 110) << "left as it was";
+    EXPECT_EQ(session.now(), 140);
+    ReplaySession other(day, sink);
+    other.startAt(place);
+    EXPECT_EQ(other.now(), 110);
+    ASSERT_TRUE(other.stepDeal());
+    EXPECT_EQ(other.now(), 120);
+}
+
 TEST(ReplaySession, TellsTheMomentUpToWhichSoManyRecordsAreDue)
 {
     const InstrumentDay day = dayOf("o100 d110 o120 d120 s120 o130 o140");

@@ -5,6 +5,7 @@
 #include "host/window/InstrumentList.h"
 #include "host/window/MessageBar.h"
 #include "host/window/PaneWindow.h"
+#include "host/window/ReplayBar.h"
 #include "host/window/TerminalActions.h"
 #include "host/window/WindowFixture.h"
 
@@ -15,6 +16,7 @@
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QDir>
+#include <QDockWidget>
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -204,6 +206,15 @@ protected:
         ASSERT_EQ(list.selectedRow(), row);
     }
 
+    /// The current pane is closed: there is none until another one is pressed.
+    void leavePanes()
+    {
+        focus(window->list());
+        focus(window->bar());
+        window->workspace().dock(QStringLiteral("list"))->close();
+        EXPECT_EQ(window->workspace().currentPane(), nullptr);
+    }
+
     static QString clipboard() { return QApplication::clipboard()->text(); }
 
     const QTemporaryDir folder;
@@ -231,8 +242,7 @@ TEST_F(Exports, WithoutASelectionTheClipboardStaysAndAWordIsSaid)
 {
     ASSERT_TRUE(openAt(10, 30));
     QApplication::clipboard()->setText(QStringLiteral("mine"));
-    for (QWidget* pane : {static_cast<QWidget*>(&deals()), static_cast<QWidget*>(orders().orderList()),
-                          static_cast<QWidget*>(&window->list())}) {
+    for (QWidget* pane : {static_cast<QWidget*>(&deals()), static_cast<QWidget*>(orders().orderList())}) {
         window->messages().hide();
         focus(*pane);
         key(Qt::Key_C, Qt::ControlModifier);
@@ -304,12 +314,12 @@ TEST_F(Exports, AFileThatCannotBeWrittenIsToldInTheMessageBar)
         << message().toStdString();
 }
 
-TEST_F(Exports, APaneWithoutAListSaysSo)
+TEST_F(Exports, WithoutACurrentPaneThereIsNoTableAndAWordIsSaid)
 {
     ASSERT_TRUE(openAt(10, 30));
-    focus(chart());
+    leavePanes();
     trigger("csvUtf8");
-    EXPECT_TRUE(message().contains(QStringLiteral("逐笔列表"))) << message().toStdString();
+    EXPECT_TRUE(message().contains(QStringLiteral("请先点选"))) << message().toStdString();
     EXPECT_FALSE(window->messages().isError());
 }
 
@@ -330,7 +340,7 @@ TEST_F(Exports, ThePictureIsOfTheCurrentPane)
 TEST_F(Exports, WithoutACurrentPaneThePictureIsOfTheWindow)
 {
     ASSERT_TRUE(openAt(10, 30));
-    focus(window->list());
+    leavePanes();
     const QString file = folder.path() + QStringLiteral("/window.png");
     answerFile(file);
     trigger("picture");

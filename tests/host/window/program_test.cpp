@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QFile>
 #include <QImage>
 #include <QTemporaryDir>
 
@@ -142,6 +143,45 @@ TEST(TerminalProgram, ShowsTheAskedLayout)
     }
 }
 
+TEST(TerminalProgram, MakesAPictureOfOnePaneAtItsOwnSizeWhateverTheLayoutShows)
+{
+    const QTemporaryDir folder;
+    std::vector<QImage> pictures;
+    for (const QStringList& more : {QStringList(), QStringList{QStringLiteral("--concise")}}) {
+        for (const char* pane : {"deals", "ladder"}) { // the first layout has no deals
+            const QString file = folder.path() + QStringLiteral("/pane.png");
+            const ProgramRun result =
+                run(more + QStringList{QStringLiteral("--shot"), file, QStringLiteral("--at"),
+                                       QStringLiteral("10:30"), QStringLiteral("--pane"),
+                                       QString::fromLatin1(pane), QStringLiteral("--size"),
+                                       QStringLiteral("330x400")});
+            EXPECT_EQ(result.exitCode, 0);
+            EXPECT_TRUE(result.err.isEmpty()) << result.err.toStdString();
+            const QImage picture(file);
+            EXPECT_EQ(picture.size(), QSize(330, 400)) << pane;
+            for (const QImage& other : pictures)
+                EXPECT_NE(picture, other) << pane;
+            pictures.push_back(picture);
+        }
+    }
+}
+
+TEST(TerminalProgram, KnowsThePanesOfItsLayoutsAndNoOthers)
+{
+    const QTemporaryDir folder;
+    const QString file = folder.path() + QStringLiteral("/pane.png");
+    ProgramRun result =
+        run({QStringLiteral("--shot"), file, QStringLiteral("--pane"), QStringLiteral("nonsense")});
+    EXPECT_EQ(result.exitCode, 2);
+    EXPECT_EQ(result.err.count(QLatin1Char('\n')), 1) << result.err.toStdString();
+    result = run({QStringLiteral("--pane"), QStringLiteral("deals")});
+    EXPECT_EQ(result.exitCode, 2) << "only of a picture";
+    result = run({QStringLiteral("--shot"), file, QStringLiteral("--pane"), QStringLiteral("deals"),
+                  QStringLiteral("--size"), QStringLiteral("119x60")});
+    EXPECT_EQ(result.exitCode, 2) << "too small to show anything";
+    EXPECT_FALSE(QFile::exists(file));
+}
+
 TEST(TerminalProgram, SaysWhenAPictureCannotBeWritten)
 {
     const ProgramRun result = run({QStringLiteral("--shot"), QStringLiteral("/nowhere/shot.png")});
@@ -186,7 +226,7 @@ TEST(TerminalProgram, TellsItsOptionsAndVersion)
     EXPECT_EQ(help.exitCode, 0);
     for (const char* option :
          {"--day", "--import", "--seed", "--speed", "--at", "--instrument", "--theme", "--colors", "--mode",
-          "--shot", "--size", "--scale", "--layout", "--external-data"})
+          "--shot", "--size", "--scale", "--layout", "--external-data", "--pane", "--concise"})
         EXPECT_TRUE(help.out.contains(QString::fromLatin1(option))) << option;
     EXPECT_TRUE(run({QStringLiteral("--version")}).out.startsWith(QStringLiteral("depth-terminal ")));
 }

@@ -1,6 +1,8 @@
 #include "host/window/panes/ChartPane.h"
 
 #include "holographic/CDepthHolographicWidget.h"
+#include "host/window/tables/chart_tables.h"
+#include "host/window/tables/text_tables.h"
 
 #include <algorithm>
 
@@ -66,6 +68,31 @@ void ChartPane::follow()
     if (m_looks == 0 || deals == 0 || !m_panel->isVisible() || --m_looks > 0)
         return;
     m_panel->middleCurrDeal(std::min(deals - 1, m_panel->model()->getEndIndex()));
+}
+
+QString ChartPane::selectedText() const
+{
+    const boost::shared_ptr<Kel::CModelDepthHolographic>& model = m_panel->model();
+    const int cursor = m_panel->cursorDeal();
+    if (cursor >= 0 && !m_panel->isColumnMode())
+        return rowText(chartDealCells(*model, cursor));
+    std::pair<int, int> deals(model->getStartIndex(), model->getEndIndex());
+    if (cursor >= 0 && model->getCurrSeqPair(cursor).first >= 0)
+        deals = model->getCurrSeqPair(cursor);
+    return deals.second < deals.first
+               ? QString()
+               : tableText(chartDealTable(model, deals.first, deals.second), kMostCopiedRows);
+}
+
+std::vector<PaneTable> ChartPane::tables() const
+{
+    const boost::shared_ptr<Kel::CModelDepthHolographic>& model = m_panel->model();
+    const int first = model->getStartIndex();
+    const int last = model->getEndIndex();
+    return {PaneTable{QStringLiteral("图中成交"), id() + QStringLiteral("-deals"),
+                      chartDealTable(model, first, last)},
+            PaneTable{QStringLiteral("图中行情区间"), id() + QStringLiteral("-intervals"),
+                      chartIntervalTable(*model, first, last)}};
 }
 
 FeedHub::Receiver ChartPane::receiver()

@@ -38,6 +38,10 @@ public:
 
     void setInstrument(const QString& key) override;
     FeedHub::Receiver receiver() override;
+
+    /// The deal under the cursor, or the deals of its quote interval, else the deals in view.
+    QString selectedText() const override;
+    std::vector<PaneTable> tables() const override;
     void follow() override;
 
 private:

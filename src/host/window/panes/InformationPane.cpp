@@ -2,6 +2,7 @@
 
 #include "feed/archive/archived_notices.h"
 #include "feed/simulation/notices.h"
+#include "host/window/tables/text_tables.h"
 #include "information/CInformationWidget.h"
 #include "platform/toolkit/CStandardTable.h"
 
@@ -10,6 +11,9 @@ namespace host {
 namespace {
 
 constexpr int kDateColumn = 1;
+constexpr int kTitleColumn = 3;
+constexpr int kCodeColumn = 5;
+constexpr int kLinkColumn = 6;
 constexpr int kDatePadding = 16; // pixels
 constexpr int kEventPage = 302;
 constexpr int kPages = 4;
@@ -69,6 +73,73 @@ void InformationPane::setInstrument(const QString& key)
     if (!m_opened)
         m_panel->handleEvent(kEventPage, kPages, kAnnouncements, QString(), nullptr);
     m_opened = true;
+}
+
+/// A table of the panel and what of it is given away.
+struct InformationPane::Shown
+{
+    Zeb::CStandardTable* table;
+    QString name;
+    QString file;
+    QList<int> columns;
+    QStringList names;
+};
+
+/// Those that hold something, the one in view first.
+std::vector<InformationPane::Shown> InformationPane::shownTables() const
+{
+    const std::pair<Kel::CInformationWidget::ETable, const char*> files[] = {
+        {Kel::CInformationWidget::eTableAnnouncements, "announcements"},
+        {Kel::CInformationWidget::eTableReports, "reports"},
+        {Kel::CInformationWidget::eTableLocal, "local"},
+        {Kel::CInformationWidget::eTableNews, "news"},
+    };
+    std::vector<Shown> tables;
+    for (const auto& [which, file] : files) {
+        Zeb::CStandardTable* table = m_panel->table(which);
+        const QAbstractItemModel& model = *table->model();
+        if (model.rowCount() == 0)
+            continue;
+        Shown shown{table, table->accessibleName(), QString::fromLatin1(file), {}, {}};
+        if (which == Kel::CInformationWidget::eTableLocal) {
+            for (int column = 0; column < model.columnCount(); ++column)
+                shown.columns.append(column);
+        } else {
+            shown.columns = {kDateColumn, kTitleColumn, kCodeColumn, kLinkColumn};
+        }
+        for (const int column : shown.columns)
+            shown.names.append(model.headerData(column, Qt::Horizontal).toString());
+        tables.insert(table->isVisibleTo(m_panel) ? tables.begin() : tables.end(), shown);
+    }
+    return tables;
+}
+
+QString InformationPane::selectedText() const
+{
+    const std::vector<Shown> tables = shownTables();
+    if (tables.empty() || !tables.front().table->isVisibleTo(m_panel))
+        return {};
+    const Shown& shown = tables.front();
+    const QItemSelectionModel* selection = shown.table->selectionModel();
+    QStringList lines;
+    for (const QModelIndex& row : selection ? selection->selectedRows() : QModelIndexList()) {
+        QStringList cells;
+        for (const int column : shown.columns)
+            cells.append(row.sibling(row.row(), column).data().toString());
+        lines.append(rowText(cells));
+    }
+    return lines.isEmpty()
+               ? tableText(modelTable(*shown.table->model(), shown.columns, shown.names), kMostCopiedRows)
+               : lines.join(QLatin1Char('\n'));
+}
+
+std::vector<PaneTable> InformationPane::tables() const
+{
+    std::vector<PaneTable> tables;
+    for (const Shown& shown : shownTables())
+        tables.push_back(
+            PaneTable{shown.name, shown.file, modelTable(*shown.table->model(), shown.columns, shown.names)});
+    return tables;
 }
 
 } // namespace host

@@ -30,7 +30,14 @@ public:
     void setDay(const DayPtr& day) override;
     void setInstrument(const QString& key) override;
 
+    /// The selected rows of the table in view, else all of them.
+    QString selectedText() const override;
+    std::vector<PaneTable> tables() const override;
+
 private:
+    struct Shown;
+    std::vector<Shown> shownTables() const;
+
     Kel::CInformationWidget* m_panel;
     bool m_simulated = false;
     std::uint64_t m_seed = 0;

@@ -1,5 +1,6 @@
 #include "host/window/panes/LadderPane.h"
 
+#include "host/window/tables/text_tables.h"
 #include "platform/utils/volume_unit.h"
 #include "thousand/CDepthThousandDataWidget.h"
 #include "thousand/CSingleQueueWidget.h"
@@ -98,22 +99,56 @@ FeedHub::Receiver LadderPane::receiver()
     return receiver;
 }
 
+LadderRows LadderPane::rows() const
+{
+    return {m_shown->sellRows(), m_shown->buyRows(), m_shown->latestPrice(), m_shown->lastVolume(),
+            m_shown->getPriceTick()};
+}
+
+/// Null without a selection.
+std::shared_ptr<Kel::SingleQueue> LadderPane::selectedOrders(double& priceTick, int& unit) const
+{
+    const std::shared_ptr<Kel::SingleQueue> queue = m_shown->getSelectedQueue(priceTick, unit);
+    if (queue && m_shown == m_ready) { // what comes with a selection is of a ladder rebuilt from orders
+        priceTick = m_ready->getPriceTick();
+        unit = m_unit;
+    }
+    return queue;
+}
+
+QString LadderPane::selectedText() const
+{
+    if (const auto selected = m_shown->selectedRow()) {
+        const QStringList cells = ladderCells(rows(), m_shown->isBuySelected(), selected->price);
+        if (!cells.isEmpty())
+            return rowText(cells);
+    }
+    const bool isEmpty = m_shown->sellRows().empty() && m_shown->buyRows().empty();
+    return isEmpty ? QString() : tableText(ladderTable(rows()), kMostCopiedRows);
+}
+
+std::vector<PaneTable> LadderPane::tables() const
+{
+    std::vector<PaneTable> tables{PaneTable{title(), QStringLiteral("ladder"), ladderTable(rows())}};
+    double tick = 0;
+    int unit = 0;
+    if (const auto queue = selectedOrders(tick, unit))
+        tables.push_back(PaneTable{QStringLiteral("选中价位的委托"), QStringLiteral("price-orders"),
+                                   priceOrderTable(*queue, tick, unit)});
+    return tables;
+}
+
 void LadderPane::answerSelection(int first, int top)
 {
     double tick = 0;
     int unit = 0;
-    const std::shared_ptr<Kel::SingleQueue> queue =
-        first == 0 ? m_shown->getSelectedQueue(tick, unit) : nullptr;
+    const std::shared_ptr<Kel::SingleQueue> queue = first == 0 ? selectedOrders(tick, unit) : nullptr;
     if (!queue) {
         hideOrders();
         return;
     }
     if (m_behind)
         return;
-    if (m_shown == m_ready) { // what comes with a selection is of a ladder rebuilt from orders
-        tick = m_ready->getPriceTick();
-        unit = m_unit;
-    }
     if (top >= 0)
         m_top = top;
     // The panel is shown first, so that it takes its new height at once.

@@ -1,8 +1,11 @@
 #pragma once
 
 #include "host/window/panes/Pane.h"
+#include "host/window/tables/book_tables.h"
 
 #include <QPointer>
+
+#include <memory>
 
 class QStackedWidget;
 
@@ -29,6 +32,10 @@ public:
     void setTradeDate(const boost::function<int()>& tradeDate) override;
     FeedHub::Receiver receiver() override;
 
+    /// The selected price, else the whole ladder.
+    QString selectedText() const override;
+    std::vector<PaneTable> tables() const override;
+
     /// Answers event 3223: opens, refreshes or closes the orders of the selected level.
     void answerSelection(int first, int top);
 
@@ -41,6 +48,8 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    LadderRows rows() const;
+    std::shared_ptr<Kel::SingleQueue> selectedOrders(double& priceTick, int& unit) const;
     void hideOrders();
     void placeOrders();
     void followWindow();

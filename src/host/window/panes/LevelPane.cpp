@@ -1,5 +1,7 @@
 #include "host/window/panes/LevelPane.h"
 
+#include "host/window/tables/book_tables.h"
+#include "host/window/tables/text_tables.h"
 #include "level_panels/CDepthEntrustStatusWidget.h"
 
 #include <QScrollArea>
@@ -59,6 +61,22 @@ FeedHub::Receiver LevelPane::receiver()
         panel->quoterCallBack(seq, status, batch, true);
     };
     return receiver;
+}
+
+QString LevelPane::selectedText() const
+{
+    const Kel::EntrustStatusData quote = m_panel->quote();
+    if (!quote.instrument)
+        return {};
+    const QStringList cells = quoteCells(quote, m_panel->getShelves(), m_panel->markedRow());
+    return cells.isEmpty() ? tableText(quoteTable(quote, m_panel->getShelves()), kMostCopiedRows)
+                           : rowText(cells);
+}
+
+std::vector<PaneTable> LevelPane::tables() const
+{
+    return {
+        PaneTable{title(), QStringLiteral("levels"), quoteTable(m_panel->quote(), m_panel->getShelves())}};
 }
 
 void LevelPane::setFiveLevels(bool five)

@@ -22,6 +22,10 @@ public:
     void setTradeDate(const boost::function<int()>& tradeDate) override;
     FeedHub::Receiver receiver() override;
 
+    /// The marked row, else all rows.
+    QString selectedText() const override;
+    std::vector<PaneTable> tables() const override;
+
     /// Five levels a side instead of ten, where the market has ten.
     void setFiveLevels(bool five);
 

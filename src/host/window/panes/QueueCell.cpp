@@ -1,8 +1,16 @@
 #include "host/window/panes/QueueCell.h"
 
+#include "host/window/tables/queue_tables.h"
 #include "queue_view/CDepthOrderQueueWidget.h"
 
 namespace host {
+
+namespace {
+
+constexpr int kFiveLevels = 5;
+constexpr int kTenLevels = 10;
+
+} // namespace
 
 QueueCell::QueueCell(QWidget* parent)
     : PanelCell(QStringLiteral("queue"), QStringLiteral("委托队列"), parent),
@@ -66,6 +74,24 @@ FeedHub::Receiver QueueCell::receiver()
         panel->quoterCallBack(seq, status, batch);
     };
     return receiver;
+}
+
+int QueueCell::shownLevels() const
+{
+    return m_panel->getQueueModeLevel() == Kel::eQueueFiveLevels ? kFiveLevels : kTenLevels;
+}
+
+QString QueueCell::selectedText() const
+{
+    return queueText(m_panel->model(), shownLevels());
+}
+
+std::vector<PaneTable> QueueCell::tables() const
+{
+    return {PaneTable{QStringLiteral("各档"), QStringLiteral("queue-levels"),
+                      queueLevelTable(m_panel->model(), shownLevels())},
+            PaneTable{QStringLiteral("各档委托"), QStringLiteral("queue-orders"),
+                      queueOrderTable(m_panel->model(), shownLevels())}};
 }
 
 bool QueueCell::handleEvent(int id, int first, int second, QString text, void* pointer)

@@ -26,6 +26,10 @@ public:
     void setInstrument(const QString& key) override;
     FeedHub::Receiver receiver() override;
 
+    /// All levels that are shown, each with its orders.
+    QString selectedText() const override;
+    std::vector<PaneTable> tables() const override;
+
     void setModes(const QueueModes& modes);
 
     /// The modes in force, by whatever way they were chosen.
@@ -36,6 +40,7 @@ Q_SIGNALS:
     void modesChanged();
 
 private:
+    int shownLevels() const;
     bool handleEvent(int id, int first, int second, QString text, void* pointer) override;
 
     Kel::CDepthOrderQueueWidget* m_panel;

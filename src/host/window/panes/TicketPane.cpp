@@ -1,6 +1,8 @@
 #include "host/window/panes/TicketPane.h"
 
 #include "host/window/panes/OrderTicket.h"
+#include "host/window/tables/book_tables.h"
+#include "host/window/tables/text_tables.h"
 #include "level_panels/CDepthConciseStyleEntrustStatusWidget.h"
 
 #include <QScrollArea>
@@ -66,6 +68,27 @@ FeedHub::Receiver TicketPane::receiver()
         panel->quoterCallBack(seq, status, batch, true);
     };
     return receiver;
+}
+
+QString TicketPane::selectedText() const
+{
+    const Kel::EntrustStatusData quote = m_panel->quote();
+    if (!quote.instrument)
+        return {};
+    const QStringList cells = quoteCells(quote, m_panel->getShelves(), m_panel->markedRow());
+    return cells.isEmpty() ? tableText(quoteTable(quote, m_panel->getShelves()), kMostCopiedRows)
+                           : rowText(cells);
+}
+
+std::vector<PaneTable> TicketPane::tables() const
+{
+    return {PaneTable{QStringLiteral("盘口"), QStringLiteral("quote"),
+                      quoteTable(m_panel->quote(), m_panel->getShelves())},
+            PaneTable{QStringLiteral("票据"), QStringLiteral("ticket"),
+                      fixedTable({QStringLiteral("证券"), QStringLiteral("报价方式"),
+                                  QStringLiteral("价格(元)"), QStringLiteral("数量(手)")},
+                                 {QStringList{m_ticket->stock(), m_ticket->priceType(), m_ticket->price(),
+                                              m_ticket->volume()}})}};
 }
 
 void TicketPane::setFiveLevels(bool five)

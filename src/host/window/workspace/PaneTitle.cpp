@@ -1,6 +1,7 @@
 #include "host/window/workspace/PaneTitle.h"
 
 #include "host/window/bar_icons.h"
+#include "host/window/workspace/PaneMenu.h"
 
 #include <QDockWidget>
 #include <QHBoxLayout>
@@ -40,6 +41,7 @@ PaneTitle::PaneTitle(QDockWidget* dock)
     connect(m_float, &QToolButton::clicked, dock, [dock] { dock->setFloating(!dock->isFloating()); });
     connect(m_close, &QToolButton::clicked, dock, &QWidget::close);
     connect(dock, &QWidget::windowTitleChanged, m_name, &QLabel::setText);
+    new PaneMenu(dock, this);
     refreshIcons();
 }
 

@@ -4,7 +4,6 @@
 #include "host/window/workspace/layouts.h"
 
 #include <QAction>
-#include <QApplication>
 #include <QDockWidget>
 #include <QTimer>
 
@@ -33,14 +32,10 @@ Workspace::Workspace(QWidget* parent) : QMainWindow(parent, Qt::Widget)
     setTabPosition(Qt::AllDockWidgetAreas, QTabWidget::North);
     setDocumentMode(true);
     setContextMenuPolicy(Qt::NoContextMenu); // the window's menu lists the panes
-    connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) { rememberFocus(now); });
+    connect(&m_watch, &CurrentPaneWatch::current, this, &Workspace::remember);
 }
 
-Workspace::~Workspace()
-{
-    // The panes' end moves the focus, when this is no workspace any more.
-    disconnect(qApp, nullptr, this, nullptr);
-}
+Workspace::~Workspace() = default;
 
 QDockWidget* Workspace::add(const QString& id, const QString& title, QWidget* widget)
 {
@@ -192,16 +187,12 @@ void Workspace::closeEvent(QCloseEvent* event)
     Q_EMIT closed();
 }
 
-void Workspace::rememberFocus(QWidget* now)
+void Workspace::remember(QDockWidget* dock)
 {
-    for (QWidget* widget = now; widget; widget = widget->parentWidget()) {
-        auto* dock = qobject_cast<QDockWidget*>(widget);
-        if (dock && std::find(m_docks.begin(), m_docks.end(), dock) != m_docks.end()) {
-            m_current = dock;
-            Q_EMIT currentChanged();
-            return;
-        }
-    }
+    if (std::find(m_docks.begin(), m_docks.end(), dock) == m_docks.end())
+        return;
+    m_current = dock;
+    Q_EMIT currentChanged();
 }
 
 Pane* Workspace::currentPane() const

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/window/panes/Pane.h"
+#include "host/window/workspace/CurrentPaneWatch.h"
 
 #include <QMainWindow>
 
@@ -46,7 +47,7 @@ public:
     QByteArray arrangement() const { return saveState(); }
     bool restore(const QByteArray& arrangement);
 
-    /// The pane that had the focus last, if it is shown; null otherwise.
+    /// The pane that was pressed or had the focus last, if it is shown; null otherwise.
     Pane* currentPane() const;
 
     void refreshIcons();
@@ -65,8 +66,9 @@ protected:
 
 private:
     void share();
-    void rememberFocus(QWidget* now);
+    void remember(QDockWidget* dock);
 
+    CurrentPaneWatch m_watch; ///< ends before the docks do
     std::vector<QDockWidget*> m_docks;
     const Layout* m_layout = nullptr; ///< the one that was applied last
     QDockWidget* m_current = nullptr;
