@@ -11,6 +11,11 @@ void FeedHub::add(Receiver receiver)
     m_receivers.push_back(std::move(receiver));
 }
 
+void FeedHub::setReceivers(std::vector<Receiver> receivers)
+{
+    m_receivers = std::move(receivers);
+}
+
 void FeedHub::setInstrument(const nelservice::CInstrumentDetail& instrument)
 {
     m_market = instrument.market;

@@ -14,8 +14,8 @@
 
 namespace host {
 
-/// Hands what a feed delivers to all panels. Receivers are added on the GUI thread before the feed starts and
-/// are never taken out; they are called on the feed's thread, in the order of adding, and only hand on.
+/// Hands what a feed delivers to all panels. Receivers are added and changed on the GUI thread while nothing
+/// is delivered; they are called on the feed's thread, in their order, and only hand on.
 class FeedHub : public feed::FeedSink
 {
 public:
@@ -35,6 +35,9 @@ public:
     };
 
     void add(Receiver receiver);
+
+    /// Puts others in their place.
+    void setReceivers(std::vector<Receiver> receivers);
 
     /// The instrument whose quotes come next. While nothing is delivered.
     void setInstrument(const nelservice::CInstrumentDetail& instrument);

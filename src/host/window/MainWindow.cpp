@@ -4,27 +4,19 @@
 #include "host/window/MessageBar.h"
 #include "host/window/ReplayBar.h"
 #include "host/window/TerminalActions.h"
-#include "host/window/panes/ChartPane.h"
 #include "host/window/panes/DealsPane.h"
-#include "host/window/panes/EntrustPane.h"
 #include "host/window/panes/InformationPane.h"
-#include "host/window/panes/LadderPane.h"
-#include "host/window/panes/LevelPane.h"
-#include "host/window/panes/ListPane.h"
 #include "host/window/panes/QueueCell.h"
-#include "host/window/panes/TicketPane.h"
 #include "host/window/window_style.h"
 #include "host/window/workspace/Workspace.h"
-#include "host/window/workspace/layouts.h"
+#include "host/window/workspace/Workspaces.h"
 #include "platform/resources/CUiResource.h"
 #include "platform/services/external_data.h"
 #include "platform/toolkit/style_sheets.h"
 #include "platform/utils/CSingletonT.h"
 #include "platform/utils/exchange_time.h"
-#include "queue_view/CDepthOrderQueueWidget.h"
 
 #include <QApplication>
-#include <QDockWidget>
 #include <QFileDialog>
 #include <QVBoxLayout>
 
@@ -48,9 +40,10 @@ Zeb::CUiResource& theme()
 
 MainWindow::MainWindow(const TerminalOptions& options)
     : m_options(options),
-      m_player(std::make_unique<ReplayPlayer>(m_hub)),
+      m_player(std::make_unique<ReplayPlayer>()),
       m_loader(std::make_unique<DayLoader>()),
       m_workspace(new Workspace(this)),
+      m_workspaces(new Workspaces(m_workspace, this)),
       m_list(new InstrumentList),
       m_bar(new ReplayBar),
       m_messages(new MessageBar),
@@ -75,7 +68,7 @@ MainWindow::MainWindow(const TerminalOptions& options)
     if (options.size.isEmpty())
         restoreGeometry(m_settings.geometry);
     if (!options.given.layout && !m_settings.state.isEmpty())
-        m_workspace->restore(m_settings.state);
+        restoreDesk(m_settings.desk, m_settings.state);
     m_list->setFocus();
 }
 
@@ -84,36 +77,8 @@ MainWindow::~MainWindow()
     // The feed ends before the panels do.
     m_loader.reset();
     m_player.reset();
+    m_workspaces->deleteWindows();
     delete takeCentralWidget();
-}
-
-template <class Made, class... Arguments>
-Made* MainWindow::addPane(Arguments... arguments)
-{
-    auto* pane = new Made(arguments...);
-    pane->setTradeDate([this] { return m_services.tradingDay(); });
-    pane->setAnswer([this](Pane& from, int id, int first, int second, const QString& text) {
-        return m_wiring.answer(from, id, first, second, text);
-    });
-    m_hub.add(pane->receiver());
-    m_panes.push_back(pane);
-    m_workspace->add(pane->id(), pane->title(), pane);
-    return pane;
-}
-
-void MainWindow::makePanes()
-{
-    addPane<ListPane>(m_list);
-    m_wiring.queue = addPane<QueueCell>();
-    m_wiring.ladder = addPane<LadderPane>();
-    m_wiring.deals = addPane<DealsPane>();
-    m_wiring.orders = addPane<EntrustPane>();
-    m_wiring.chart = addPane<ChartPane>(ChartPane::EView::eDay);
-    m_wiring.zoom = addPane<ChartPane>(ChartPane::EView::eZoomed);
-    m_levels = addPane<LevelPane>();
-    m_ticket = addPane<TicketPane>();
-    m_information = addPane<InformationPane>();
-    m_actions->addPanes(m_workspace->toggles());
 }
 
 void MainWindow::makeLayout()
@@ -148,10 +113,9 @@ void MainWindow::connectLoader()
     connect(m_loader.get(), &DayLoader::cancelled, this, &MainWindow::onCancelled);
     connect(m_bar, &ReplayBar::cancelAsked, m_loader.get(), &DayLoader::cancel);
     connect(m_list, &InstrumentList::chosen, this, [this](int row) {
-        m_starting = false;
         m_timeWanted = -1;
-        m_bar->setLoading(0, 0);
-        m_loader->load(row);
+        m_wishes.clear();
+        loadInto(m_group, row);
     });
 }
 
@@ -181,24 +145,25 @@ void MainWindow::connectReplay()
 void MainWindow::connectActions()
 {
     connect(m_actions, &TerminalActions::modesChosen, this, &MainWindow::takeModes);
-    connect(m_wiring.queue, &QueueCell::modesChanged, this,
-            [this] { m_actions->showModes(m_wiring.queue->modes()); });
+    connect(m_first.queue, &QueueCell::modesChanged, this,
+            [this] { m_actions->showModes(m_first.queue->modes()); });
     connect(m_actions, &TerminalActions::layoutChosen, this, &MainWindow::applyLayout);
     connect(m_actions, &TerminalActions::saveLayoutAsked, this, &MainWindow::askForLayoutName);
     connect(m_actions, &TerminalActions::savedLayoutChosen, this, &MainWindow::restoreLayout);
     connect(m_actions, &TerminalActions::removeLayoutAsked, this, &MainWindow::askWhichLayoutToRemove);
     connect(m_actions, &TerminalActions::filterAsked, this, &MainWindow::filterList);
     connect(m_actions, &TerminalActions::wholeDayAsked, this, &MainWindow::showWholeDay);
-    connect(m_actions, &TerminalActions::latestDealsAsked, this, [this] {
-        m_wiring.chart->showLatest();
-        m_wiring.zoom->showLatest();
+    connect(m_actions, &TerminalActions::latestDealsAsked, this, &MainWindow::showLatestDeals);
+    connect(m_actions, &TerminalActions::stripAsked, this, [this] {
+        for (DealsPane* deals : m_groups.at(m_group).wiring().all<DealsPane>())
+            deals->toggleStrip();
     });
-    connect(m_actions, &TerminalActions::stripAsked, m_wiring.deals, &DealsPane::toggleStrip);
     connect(m_actions, &TerminalActions::copyAsked, this, &MainWindow::copySelection);
     connect(m_actions, &TerminalActions::tableAsked, this, &MainWindow::exportTable);
     connect(m_actions, &TerminalActions::pictureAsked, this, &MainWindow::exportPicture);
     connect(m_actions, &TerminalActions::trackAsked, this, &MainWindow::trackOrder);
-    connect(m_actions, &TerminalActions::trackEndAsked, this, &MainWindow::endTracking);
+    connect(m_actions, &TerminalActions::trackEndAsked, this,
+            [this] { m_groups.at(m_group).wiring().endTracking(); });
     connect(m_actions, &TerminalActions::themeChosen, this,
             [](const QString& name) { theme().setTheme(name); });
     connect(m_actions, &TerminalActions::colorsChosen, this,
@@ -227,6 +192,8 @@ void MainWindow::start()
 void MainWindow::openSource(const DaySource& source)
 {
     m_starting = false;
+    m_loading = 0;
+    m_wishes.clear();
     m_bar->setLoading(0, 0);
     m_loader->open(source);
     m_nextSource = source;
@@ -250,30 +217,51 @@ void MainWindow::openFolder(bool archive)
 
 void MainWindow::showDay(int index, const DayPtr& day)
 {
+    const bool first = !m_groups.at(0).day();
     // Another instrument of the same source goes on at the same time of day.
-    const bool goesOn = (m_day && !m_sourceIsNew) || m_timeWanted >= 0;
+    const bool goesOn = (!first && !m_sourceIsNew) || m_timeWanted >= 0;
     const std::int64_t timeOfDay = m_timeWanted >= 0 ? m_timeWanted : utils::timeOfDayMs(m_player->now());
     m_timeWanted = -1;
-    const bool first = !m_day;
-    if (first || m_sourceIsNew)
-        m_information->setSource(m_nextSource);
+    if (first || m_sourceIsNew) {
+        m_groups.clearDays();
+        m_loading = 0;
+        for (int group = 0; group < PaneGroups::kCount; ++group) {
+            for (InformationPane* information : m_groups.at(group).wiring().all<InformationPane>())
+                information->setSource(m_nextSource);
+        }
+    }
     m_sourceIsNew = false;
     m_starting = false;
-    endTracking(); // there the same number is another order
-    m_day = day;
-    m_index = index;
-    m_range = dayRange(*day);
-    m_services.setDay(day);
-    m_close = TerminalServices::closeOf(*day);
+    PaneGroup& group = m_groups.at(m_loading);
+    group.wiring().endTracking(); // there the same number is another order
+    group.setDay(index, day);
+    m_groups.fill();
     m_bar->setLoaded();
-    m_bar->setDay(m_range);
-    m_list->setShown(index);
-    setWindowTitle(QString::fromStdString(day->detail.name + ' ' + day->detail.code) + QStringLiteral(" — ") +
-                   kTitle);
     tellWhatIsMissing(*day);
-    m_player->open(day, goesOn ? momentIn(m_range, timeOfDay) : firstMoment());
+    showGroups();
+    restartReplay(goesOn ? momentIn(m_groups.range(), timeOfDay) : firstMoment());
     if (first && m_options.playing)
         setPlaying(true);
+    loadNext();
+}
+
+/// The groups have other days, or other panes.
+void MainWindow::restartReplay(std::int64_t at)
+{
+    const std::vector<ReplayPart> parts = m_groups.parts();
+    std::vector<DayPtr> days;
+    for (const ReplayPart& part : parts)
+        days.push_back(part.day);
+    m_services.setDays(days);
+    m_range = m_groups.range();
+    m_bar->setDay(m_range);
+    m_regrouped = false;
+    m_player->open(parts, at);
+}
+
+void MainWindow::showTitle(const nelservice::CInstrumentDetail& detail)
+{
+    setWindowTitle(QString::fromStdString(detail.name + ' ' + detail.code) + QStringLiteral(" — ") + kTitle);
 }
 
 /// A queue that stays empty has its reason in the day.
@@ -290,25 +278,19 @@ void MainWindow::tellWhatIsMissing(const feed::InstrumentDay& day)
 /// The moment that the options name, else the open.
 std::int64_t MainWindow::firstMoment() const
 {
-    return momentIn(m_range, m_options.at >= 0 ? m_options.at : kUsualTimeOfDay);
+    return momentIn(m_groups.range(), m_options.at >= 0 ? m_options.at : kUsualTimeOfDay);
 }
 
 void MainWindow::onHalted(int number)
 {
-    m_closeAsked = false;
-    m_hub.setInstrument(m_day->detail);
-    for (Pane* pane : m_panes)
-        pane->setDay(m_day);
-    for (Pane* pane : m_panes)
-        pane->setInstrument(TerminalServices::keyOf(m_day->detail));
-    if (!m_information->failure().isEmpty())
-        m_messages->showError(m_information->failure());
+    m_groups.begin();
+    if (!m_first.information->failure().isEmpty())
+        m_messages->showError(m_first.information->failure());
     m_player->begin(number);
 }
 
 void MainWindow::onFailed(const QString& reason)
 {
-    m_timeWanted = -1;
     m_bar->setLoaded();
     if (m_starting) {
         m_starting = false;
@@ -317,33 +299,45 @@ void MainWindow::onFailed(const QString& reason)
     }
     showRowOfDay();
     m_messages->showError(reason);
+    endLoading();
 }
 
 void MainWindow::onCancelled()
 {
-    m_timeWanted = -1;
+    m_wishes.clear();
     m_starting = false;
     m_bar->setLoaded();
     showRowOfDay();
     m_messages->showNote(QStringLiteral("已取消载入"));
+    endLoading();
+}
+
+/// A day did not come: what waits is next, or the panes as they are.
+void MainWindow::endLoading()
+{
+    if (loadNext())
+        return;
+    if (m_regrouped)
+        goOnWithGroups();
+    m_timeWanted = -1;
 }
 
 /// The list's cursor goes back to the day that is shown, if the list is still that of its source.
 void MainWindow::showRowOfDay()
 {
-    m_list->setShown(m_sourceIsNew ? -1 : m_index);
+    m_list->setShown(m_sourceIsNew ? -1 : m_groups.at(m_group).row());
 }
 
 void MainWindow::seek(std::int64_t moment)
 {
-    if (!m_day)
+    if (!m_groups.at(0).day())
         return;
     m_player->seek(std::clamp(moment, m_range.begin, m_range.end));
 }
 
 void MainWindow::setPlaying(bool playing)
 {
-    if (playing && m_day && m_player->now() >= m_range.end) // begins anew
+    if (playing && m_groups.at(0).day() && m_player->now() >= m_range.end) // begins anew
         seek(m_range.begin);
     if (playing)
         m_player->play();
@@ -366,18 +360,12 @@ void MainWindow::stepSpeed(int step)
 
 void MainWindow::followReplay()
 {
-    if (!m_day)
+    if (!m_groups.at(0).day())
         return;
     const std::int64_t now = m_player->now();
     m_bar->setMoment(now);
     m_list->instruments().setMoment(now);
-    for (Pane* pane : m_panes)
-        pane->follow();
-    if (!m_closeAsked && m_close >= 0 && now >= m_close) {
-        m_closeAsked = true;
-        m_wiring.queue->panel().onPostTradeClosed(TerminalServices::keyOf(m_day->detail),
-                                                  m_close / utils::kMSecPerSecond);
-    }
+    m_groups.follow(now);
 }
 
 void MainWindow::applyStyle()
@@ -385,9 +373,13 @@ void MainWindow::applyStyle()
     QApplication::setPalette(Zeb::themePalette());
     QApplication::setFont(*theme().getFont(QStringLiteral("fnt_default_normal")));
     Zeb::giveSheet(this, windowStyleSheet());
+    for (Workspace* workspace : m_workspaces->windows()) {
+        if (workspace->isWindow())
+            Zeb::giveSheet(workspace, windowStyleSheet());
+    }
     m_actions->showTheme(theme().theme());
     m_actions->showColors(theme().priceColors());
-    m_workspace->refreshIcons();
+    m_workspaces->refreshIcons();
 }
 
 void MainWindow::themeChanged()

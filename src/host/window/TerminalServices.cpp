@@ -50,14 +50,18 @@ TerminalServices::~TerminalServices()
     Kel::setUserConfig(nullptr);
 }
 
-void TerminalServices::setDay(const DayPtr& day)
+void TerminalServices::setDays(const std::vector<DayPtr>& days)
 {
-    m_tradingDay = dateOf(*day);
-    formulas().setTradingDay(m_tradingDay);
-    stocks().addInstrument(boost::make_shared<nelservice::CInstrumentDetail>(day->detail));
-    stocks().setLastClose(keyOf(day->detail), m_tradingDay, day->detail.previousClose);
     m_provider->clear();
-    m_provider->addDay(*day);
+    if (days.empty())
+        return;
+    m_tradingDay = dateOf(*days.front());
+    formulas().setTradingDay(m_tradingDay);
+    for (const DayPtr& day : days) {
+        stocks().addInstrument(boost::make_shared<nelservice::CInstrumentDetail>(day->detail));
+        stocks().setLastClose(keyOf(day->detail), dateOf(*day), day->detail.previousClose);
+        m_provider->addDay(*day);
+    }
 }
 
 std::int64_t TerminalServices::closeOf(const feed::InstrumentDay& day)

@@ -9,6 +9,8 @@
 
 #include <QString>
 
+#include <vector>
+
 namespace host {
 
 /// What a client puts in place before its panels: configuration, instruments, trading day and the feed that
@@ -22,8 +24,9 @@ public:
     TerminalServices(const TerminalServices&) = delete;
     TerminalServices& operator=(const TerminalServices&) = delete;
 
-    /// Makes the instrument of a day known, with its previous close, and its trading day the current one.
-    void setDay(const DayPtr& day);
+    /// Makes the instruments of days known, with their previous closes, and the trading day of the first one
+    /// the current one. Their queues answer subscriptions in place of those before.
+    void setDays(const std::vector<DayPtr>& days);
 
     /// yyyymmdd; 0 before the first day.
     int tradingDay() const { return m_tradingDay; }

@@ -10,6 +10,7 @@
 #include <QApplication>
 #include <QDockWidget>
 #include <QEventLoop>
+#include <QLayout>
 #include <QPixmap>
 #include <QTimer>
 
@@ -29,6 +30,8 @@ QWidget* takeOut(QDockWidget& dock, const QSize& wanted)
     QWidget* pane = dock.widget();
     dock.setFloating(true);
     dock.show();
+    pane->show(); // it rested, if it was not seen
+    dock.layout()->activate();
     const QSize size = wanted.isEmpty() ? pane->sizeHint() : wanted;
     dock.resize(size + (dock.size() - pane->size()));
     return pane;

@@ -1,4 +1,4 @@
-// What the window's menu does with panes: layouts, copies, files, and the tracking of an order.
+// What the window's menu does with panes: modes, copies, files, and the tracking of an order.
 
 #include "host/window/MainWindow.h"
 
@@ -7,17 +7,13 @@
 #include "host/window/panes/ChartPane.h"
 #include "host/window/panes/DealsPane.h"
 #include "host/window/panes/EntrustPane.h"
-#include "host/window/panes/LadderPane.h"
 #include "host/window/panes/LevelPane.h"
 #include "host/window/panes/QueueCell.h"
 #include "host/window/panes/TicketPane.h"
 #include "host/window/workspace/TrackOrderDialog.h"
-#include "host/window/workspace/Workspace.h"
-#include "host/window/workspace/layouts.h"
+#include "host/window/workspace/Workspaces.h"
 #include "host/window/workspace/pane_files.h"
 #include "platform/utils/exchange_time.h"
-#include "queue_view/CDepthOrderQueueWidget.h"
-#include "thousand/CSingleQueueWidget.h"
 #include "tick/CDepthEntrustWidget.h"
 #include "tick/CDepthOrderWidget.h"
 #include "tick/CDepthTransactionWidget.h"
@@ -31,7 +27,6 @@ namespace host {
 
 namespace {
 
-constexpr int kNoOrder = -1;
 constexpr int kBuy = 1;
 
 QString suggestedFile(const feed::InstrumentDay& day, const QString& part, const char* ending)
@@ -45,38 +40,49 @@ QString suggestedFile(const feed::InstrumentDay& day, const QString& part, const
 
 void MainWindow::takeModes(const QueueModes& modes)
 {
-    m_wiring.queue->setModes(modes);
     const bool five = modes.levels == Kel::eQueueFiveLevels;
-    m_levels->setFiveLevels(five);
-    m_ticket->setFiveLevels(five);
-}
-
-void MainWindow::applyLayout(const QString& id)
-{
-    if (const Layout* layout = shippedLayout(id))
-        m_workspace->apply(*layout);
+    for (int group = 0; group < PaneGroups::kCount; ++group) {
+        const PanelWiring& wiring = m_groups.at(group).wiring();
+        for (QueueCell* queue : wiring.all<QueueCell>())
+            queue->setModes(modes);
+        for (LevelPane* levels : wiring.all<LevelPane>())
+            levels->setFiveLevels(five);
+        for (TicketPane* ticket : wiring.all<TicketPane>())
+            ticket->setFiveLevels(five);
+    }
 }
 
 /// Of the orders if they were used last, else of the deals.
 void MainWindow::filterList()
 {
-    if (m_workspace->currentPane() == m_wiring.orders)
-        m_wiring.orders->panel().doFilter();
+    Pane* current = m_workspaces->currentPane();
+    const auto lists = m_groups.at(m_group).wiring().all<DealsPane>();
+    if (auto* orders = qobject_cast<EntrustPane*>(current))
+        orders->panel().doFilter();
+    else if (auto* deals = qobject_cast<DealsPane*>(current))
+        deals->panel().doFilter();
     else
-        m_wiring.deals->panel().doFilter();
+        (lists.empty() ? m_first.deals : lists.front())->panel().doFilter();
 }
 
 /// Deals that come later are in the range as well.
 void MainWindow::showWholeDay()
 {
-    if (m_day)
-        m_wiring.chart->showRange(static_cast<int>(m_range.begin / utils::kMSecPerSecond),
-                                  static_cast<int>(m_range.end / utils::kMSecPerSecond));
+    const DayRange range = m_groups.at(m_group).range();
+    for (ChartPane* chart : m_groups.at(m_group).wiring().charts(false))
+        chart->showRange(static_cast<int>(range.begin / utils::kMSecPerSecond),
+                         static_cast<int>(range.end / utils::kMSecPerSecond));
+}
+
+void MainWindow::showLatestDeals()
+{
+    for (ChartPane* chart : m_groups.at(m_group).wiring().all<ChartPane>())
+        chart->showLatest();
 }
 
 void MainWindow::copySelection()
 {
-    Pane* pane = m_workspace->currentPane();
+    Pane* pane = m_workspaces->currentPane();
     const QString text = pane ? pane->selectedText() : QString();
     if (text.isEmpty())
         m_messages->showNote(QStringLiteral("没有选中的行可复制"));
@@ -86,11 +92,12 @@ void MainWindow::copySelection()
 
 void MainWindow::exportTable(bool gbk)
 {
-    Pane* pane = m_workspace->currentPane();
+    Pane* pane = m_workspaces->currentPane();
     std::vector<PaneTable> tables;
     if (pane)
         tables = pane->tables();
-    if (tables.empty() || !m_day) {
+    const DayPtr shown = day();
+    if (tables.empty() || !shown) {
         m_messages->showNote(QStringLiteral("请先点选要导出的逐笔列表"));
         return;
     }
@@ -109,17 +116,18 @@ void MainWindow::exportTable(bool gbk)
     const PaneTable& table = tables[chosen];
     const QString file =
         QFileDialog::getSaveFileName(this, QStringLiteral("导出 CSV"),
-                                     suggestedFile(*m_day, table.file, "csv"), QStringLiteral("CSV (*.csv)"));
+                                     suggestedFile(*shown, table.file, "csv"), QStringLiteral("CSV (*.csv)"));
     if (!file.isEmpty())
         tellResult(writeTable(table, file, gbk, this));
 }
 
 void MainWindow::exportPicture()
 {
-    Pane* pane = m_workspace->currentPane();
+    Pane* pane = m_workspaces->currentPane();
     QWidget* shown = pane ? static_cast<QWidget*>(pane) : this;
     const QString part = pane ? pane->id() : QStringLiteral("window");
-    const QString usual = m_day ? suggestedFile(*m_day, part, "png") : part + QStringLiteral(".png");
+    const DayPtr shownDay = day();
+    const QString usual = shownDay ? suggestedFile(*shownDay, part, "png") : part + QStringLiteral(".png");
     const QString file =
         QFileDialog::getSaveFileName(this, QStringLiteral("导出图片"), usual, QStringLiteral("PNG (*.png)"));
     if (!file.isEmpty())
@@ -140,33 +148,33 @@ void MainWindow::tellResult(const FileResult& result)
 /// queue marks it when it is told.
 void MainWindow::trackOrder()
 {
-    if (!m_day)
+    const DayPtr shown = day();
+    if (!shown)
         return;
-    Kel::CDepthEntrustWidget& orders = m_wiring.orders->panel();
+    PanelWiring& wiring = m_groups.at(m_group).wiring();
+    const std::vector<EntrustPane*> lists = wiring.all<EntrustPane>();
+    if (lists.empty()) {
+        m_messages->showNote(QStringLiteral("本组没有委托列表可查"));
+        return;
+    }
+    Kel::CDepthEntrustWidget& orders = lists.front()->panel();
     TrackOrderDialog dialog(this);
-    dialog.setPriceTick(m_day->detail.priceTick);
+    dialog.setPriceTick(shown->detail.priceTick);
     const int row = orders.orderList()->selectedRow();
     const auto order = row < 0 ? nullptr : orders.model()->getOrderData(row, false);
     if (order)
         dialog.setOrder(static_cast<int>(utils::timeOfDayMs(order->time * utils::kMSecPerSecond)),
                         order->price, order->lots, order->side);
     else
-        dialog.setOrder(static_cast<int>(utils::timeOfDayMs(m_player->now())), m_day->detail.previousClose, 1,
+        dialog.setOrder(static_cast<int>(utils::timeOfDayMs(m_player->now())), shown->detail.previousClose, 1,
                         kBuy);
     if (dialog.exec() != QDialog::Accepted)
         return;
-    endTracking();
-    m_wiring.trackedFound = 0;
+    wiring.endTracking();
+    wiring.takeTracked();
     orders.setTrackOrderParam(dialog.timeMs(), dialog.price(), dialog.lots(), dialog.side(), dialog.color());
-    if (m_wiring.trackedFound == 0)
+    if (wiring.takeTracked() == 0)
         m_messages->showNote(QStringLiteral("没有找到这样的限价委托"));
-}
-
-void MainWindow::endTracking()
-{
-    m_wiring.queue->panel().setTrackOrder(kNoOrder, 0);
-    m_wiring.queue->panel().updateAll();
-    m_wiring.ladder->orders().setTrackOrder(kNoOrder, 0);
 }
 
 } // namespace host

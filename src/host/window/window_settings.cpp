@@ -7,6 +7,7 @@
 #include "host/window/TerminalActions.h"
 #include "host/window/panes/QueueCell.h"
 #include "host/window/workspace/Workspace.h"
+#include "host/window/workspace/Workspaces.h"
 #include "platform/resources/CUiResource.h"
 #include "platform/utils/CSingletonT.h"
 #include "platform/utils/exchange_time.h"
@@ -55,9 +56,11 @@ void MainWindow::storeSettings()
     const auto& look = utils::CSingletonT<Zeb::CUiResource>::instance();
     m_settings.theme = look.theme();
     m_settings.colors = look.priceColors();
-    m_settings.modes = m_wiring.queue->modes();
+    m_settings.modes = m_first.queue->modes();
     m_settings.geometry = saveGeometry();
     m_settings.state = m_workspace->arrangement();
+    m_settings.desk = deskState();
+    m_settings.desk.instruments.clear();
     QString problem;
     if (!writeSettings(m_options.settingsFile, m_settings, problem))
         m_messages->showError(problem);
@@ -66,6 +69,10 @@ void MainWindow::storeSettings()
 void MainWindow::closeEvent(QCloseEvent* event)
 {
     storeSettings();
+    for (Workspace* workspace : m_workspaces->windows()) {
+        if (workspace->isWindow())
+            workspace->hide();
+    }
     QMainWindow::closeEvent(event);
 }
 
@@ -76,10 +83,9 @@ void MainWindow::saveLayout(const QString& name)
     SavedLayout layout;
     layout.name = name;
     layout.state = m_workspace->arrangement();
-    if (m_day) {
-        layout.instrument = TerminalServices::keyOf(m_day->detail);
+    layout.desk = deskState();
+    if (day())
         layout.timeOfDay = utils::timeOfDayMs(m_player->now());
-    }
     const auto before = named(m_settings.layouts, name);
     if (before != m_settings.layouts.end())
         *before = layout;
@@ -95,16 +101,56 @@ void MainWindow::restoreLayout(const QString& name)
     if (found == m_settings.layouts.end())
         return;
     const SavedLayout layout = *found;
-    m_workspace->restore(layout.state);
-    if (!m_day || layout.timeOfDay < 0)
+    restoreDesk(layout.desk, layout.state);
+    if (!m_groups.at(0).day())
         return;
-    const int row = m_list->instruments().rowOf(layout.instrument);
-    if (row >= 0 && row != m_index) {
-        m_timeWanted = layout.timeOfDay;
-        m_loader->load(row);
-    } else {
-        seek(momentIn(m_range, layout.timeOfDay));
+    // Instruments of another source are not there.
+    m_wishes.clear();
+    for (int group = 0; group < std::min(PaneGroups::kCount, layout.desk.instruments.size()); ++group) {
+        const int row = m_list->instruments().rowOf(layout.desk.instruments[group]);
+        if (row >= 0 && row != m_groups.at(group).row())
+            m_wishes.push_back({group, row});
     }
+    m_timeWanted = layout.timeOfDay;
+    if (!loadNext())
+        goOnWithGroups();
+}
+
+/// Starts the replay anew for groups that wait for nothing to be loaded.
+void MainWindow::goOnWithGroups()
+{
+    if (m_groups.at(0).day())
+        restartReplay(m_timeWanted < 0 ? m_player->now() : momentIn(m_groups.range(), m_timeWanted));
+    m_timeWanted = -1;
+}
+
+DeskState MainWindow::deskState() const
+{
+    DeskState desk;
+    for (int group = 0; group < PaneGroups::kCount; ++group) {
+        const PaneGroup& one = m_groups.at(group);
+        for (const Pane* pane : one.panes())
+            desk.groups[pane->id()] = group;
+        const bool shown = one.day() && (group == 0 || !one.panes().empty());
+        desk.instruments.append(shown ? TerminalServices::keyOf(one.day()->detail) : QString());
+    }
+    desk.windows = m_workspaces->state();
+    return desk;
+}
+
+/// Brings windows, panes and groups back, not the instruments; the replay is for the caller to start anew.
+void MainWindow::restoreDesk(const DeskState& desk, const QByteArray& panes)
+{
+    for (const auto& [id, group] : desk.groups) {
+        Pane* one = pane(id);
+        if (one && group >= 0 && group < PaneGroups::kCount)
+            m_groups.link(one, group);
+    }
+    m_workspaces->restore(desk.windows);
+    m_workspace->restore(panes);
+    m_groups.fill();
+    m_regrouped = true;
+    showGroups();
 }
 
 void MainWindow::removeLayout(const QString& name)

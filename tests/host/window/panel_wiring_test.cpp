@@ -215,9 +215,10 @@ TEST_F(Wiring, ASelectionIsToldOnceAndEndsThere)
     ASSERT_TRUE(openAt(10, 30));
     showSingleDeals();
     int told = 0;
-    host::PanelWiring& wiring = window->panels();
-    for (host::Pane* pane : {static_cast<host::Pane*>(wiring.deals), static_cast<host::Pane*>(wiring.chart),
-                             static_cast<host::Pane*>(wiring.zoom)}) {
+    host::PanelWiring& wiring = window->groups().at(0).wiring();
+    const host::FirstPanes& panes = window->panels();
+    for (host::Pane* pane : {static_cast<host::Pane*>(panes.deals), static_cast<host::Pane*>(panes.chart),
+                             static_cast<host::Pane*>(panes.zoom)}) {
         pane->setAnswer([&](host::Pane& from, int id, int first, int second, const QString& text) {
             told += id == 3224 ? 1 : 0;
             return wiring.answer(from, id, first, second, text);
@@ -442,11 +443,12 @@ TEST_F(Wiring, ChartAndListKeepTheKeysThatTheWindowUsesToo)
 TEST_F(Wiring, AnEventOfNoMeaningForTheWindowIsNotTaken)
 {
     ASSERT_TRUE(openAt(10, 30));
-    host::PanelWiring& wiring = window->panels();
+    host::PanelWiring& wiring = window->groups().at(0).wiring();
+    const host::FirstPanes& panes = window->panels();
     for (const int id : {5, 15, 82, 1395, 3222, 3228})
-        EXPECT_FALSE(wiring.answer(*wiring.deals, id, 0, 0, QString())) << id;
+        EXPECT_FALSE(wiring.answer(*panes.deals, id, 0, 0, QString())) << id;
     for (const int id : {3223, 3224, 3225, 3226, 3227})
-        EXPECT_TRUE(wiring.answer(*wiring.queue, id, -1, 0, QString())) << id;
+        EXPECT_TRUE(wiring.answer(*panes.queue, id, -1, 0, QString())) << id;
 }
 
 } // namespace

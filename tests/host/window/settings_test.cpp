@@ -75,8 +75,13 @@ TEST_F(Settings, AreReadAsTheyWereWritten)
     settings.modes.full = true;
     settings.geometry = QByteArray("\0\1\xff", 3);
     settings.state = "state";
-    settings.layouts = {{QStringLiteral("盘前 & 盘后"), "a", QStringLiteral("SH600999"), 34200000},
-                        {QStringLiteral("two"), "b", QString(), -1}};
+    host::DeskState desk;
+    desk.groups = {{QStringLiteral("queue"), 0}, {QStringLiteral("queue#2"), 3}};
+    desk.windows = {{"geometry", "panes", {QStringLiteral("deals"), QStringLiteral("chart")}}};
+    desk.instruments = QStringList{QStringLiteral("SH600999"), QString(), QStringLiteral("SZ000001")};
+    settings.desk.groups = {{QStringLiteral("list"), 1}};
+    settings.layouts = {{QStringLiteral("盘前 & 盘后"), "a", desk, 34200000},
+                        {QStringLiteral("two"), "b", {}, -1}};
     ASSERT_TRUE(host::writeSettings(file(), settings, problem)) << problem.toStdString();
     host::TerminalSettings read;
     host::readSettings(file(), read, problem);
@@ -90,7 +95,13 @@ TEST_F(Settings, AreReadAsTheyWereWritten)
     EXPECT_EQ(read.state, settings.state);
     ASSERT_EQ(read.layouts.size(), 2u);
     EXPECT_EQ(read.layouts[0].name, settings.layouts[0].name);
-    EXPECT_EQ(read.layouts[0].instrument, QStringLiteral("SH600999"));
+    EXPECT_EQ(read.desk.groups, settings.desk.groups);
+    EXPECT_EQ(read.layouts[0].desk.groups, desk.groups);
+    EXPECT_EQ(read.layouts[0].desk.instruments, desk.instruments);
+    ASSERT_EQ(read.layouts[0].desk.windows.size(), 1u);
+    EXPECT_EQ(read.layouts[0].desk.windows[0].geometry, desk.windows[0].geometry);
+    EXPECT_EQ(read.layouts[0].desk.windows[0].panes, desk.windows[0].panes);
+    EXPECT_EQ(read.layouts[0].desk.windows[0].ids, desk.windows[0].ids);
     EXPECT_EQ(read.layouts[0].timeOfDay, 34200000);
     EXPECT_EQ(read.layouts[1].timeOfDay, -1);
 }
@@ -120,7 +131,7 @@ TEST_F(Settings, ABrokenFileIsSetAsideWithALine)
 TEST_F(Settings, ValuesThatMeanNothingArePassedOver)
 {
     write(R"({"theme": "pink", "colors": 7, "modes": ["five", "sideways", 3], "state": 1,
-              "layouts": [7, {"name": "", "state": "YQ=="}, {"name": "x"}, {"name": "y", "state": "YQ==",
+              "layouts": [7, {"name": "", "state": "YQ=="}, {"name": "x"}, {"name": "y", "state": "YQ==", "groups": {"deals": "x"},
               "timeOfDay": 1e300}]})");
     host::TerminalSettings settings;
     host::readSettings(file(), settings, problem);
@@ -131,6 +142,7 @@ TEST_F(Settings, ValuesThatMeanNothingArePassedOver)
     EXPECT_TRUE(settings.state.isEmpty());
     ASSERT_EQ(settings.layouts.size(), 1u);
     EXPECT_EQ(settings.layouts[0].name, QStringLiteral("y"));
+    EXPECT_EQ(settings.layouts[0].desk.groups[QStringLiteral("deals")], -1) << "is passed over later";
     EXPECT_EQ(settings.layouts[0].timeOfDay, -1);
 }
 

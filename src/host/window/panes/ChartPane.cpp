@@ -27,7 +27,7 @@ QString titleOf(ChartPane::EView view)
 } // namespace
 
 ChartPane::ChartPane(EView view, QWidget* parent)
-    : Pane(idOf(view), titleOf(view), parent), m_panel(new Kel::CDepthHolographicWidget(this))
+    : Pane(idOf(view), titleOf(view), parent), m_view(view), m_panel(new Kel::CDepthHolographicWidget(this))
 {
     setContentWidget(m_panel, 0, 0, true);
     setWantedSize(QSize(900, 400));

@@ -23,6 +23,8 @@ public:
 
     explicit ChartPane(EView view, QWidget* parent = nullptr);
 
+    EView view() const { return m_view; }
+
     Kel::CDepthHolographicWidget& panel() { return *m_panel; }
 
     /// Shows the deals of a range of time tags (seconds since 1970-01-01 UTC, both inside).
@@ -43,6 +45,7 @@ public:
     void follow() override;
 
 private:
+    EView m_view;
     Kel::CDepthHolographicWidget* m_panel;
     int m_looks = 0; ///< at deals that have come, until the newest is brought into view
 };

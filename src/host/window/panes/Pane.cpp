@@ -13,6 +13,19 @@ Pane::Pane(const QString& id, const QString& title, QWidget* parent)
 {
 }
 
+QString Pane::furtherId(const QString& kind, int number)
+{
+    return number < 2 ? kind : kind + QLatin1Char('#') + QString::number(number);
+}
+
+void Pane::setNumber(int number)
+{
+    m_id = furtherId(m_id, number);
+    if (number > 1)
+        m_title += QLatin1Char(' ') + QString::number(number);
+    setObjectName(QStringLiteral("Pane_") + m_id);
+}
+
 QSize Pane::minimumSizeHint() const
 {
     return kLeast;

@@ -40,6 +40,13 @@ public:
     const QString& id() const { return m_id; }
     const QString& title() const { return m_title; }
 
+    /// Makes the pane the second, third, ... of its kind: "queue#2" with its number in the title. Before it
+    /// is taken into a workspace.
+    void setNumber(int number);
+
+    /// What the id of a further pane of a kind is.
+    static QString furtherId(const QString& kind, int number);
+
     void setAnswer(Answer answer) { m_answer = std::move(answer); }
 
     /// The day that comes next, before `setInstrument`; a pane that lives of the feed alone needs nothing of

@@ -61,6 +61,48 @@ QJsonArray wordsOf(const QueueModes& modes)
     return words;
 }
 
+QStringList textsOf(const QJsonValue& value)
+{
+    QStringList texts;
+    for (const QJsonValue& text : value.toArray())
+        texts.append(text.toString());
+    return texts;
+}
+
+DeskState deskOf(const QJsonObject& saved)
+{
+    DeskState desk;
+    const QJsonObject groups = saved.value(QLatin1String("groups")).toObject();
+    for (auto entry = groups.begin(); entry != groups.end(); ++entry)
+        desk.groups[entry.key()] = entry.value().toInt(-1);
+    for (const QJsonValue& value : saved.value(QLatin1String("windows")).toArray()) {
+        const QJsonObject window = value.toObject();
+        desk.windows.push_back({bytesOf(window.value(QLatin1String("geometry"))),
+                                bytesOf(window.value(QLatin1String("state"))),
+                                textsOf(window.value(QLatin1String("panes")))});
+    }
+    desk.instruments = textsOf(saved.value(QLatin1String("instruments")));
+    return desk;
+}
+
+void put(QJsonObject& saved, const DeskState& desk)
+{
+    QJsonObject groups;
+    for (const auto& [pane, group] : desk.groups)
+        groups.insert(pane, group);
+    QJsonArray windows;
+    for (const WindowState& state : desk.windows) {
+        QJsonObject window;
+        window.insert(QStringLiteral("geometry"), textOf(state.geometry));
+        window.insert(QStringLiteral("state"), textOf(state.panes));
+        window.insert(QStringLiteral("panes"), QJsonArray::fromStringList(state.ids));
+        windows.append(window);
+    }
+    saved.insert(QStringLiteral("groups"), groups);
+    saved.insert(QStringLiteral("windows"), windows);
+    saved.insert(QStringLiteral("instruments"), QJsonArray::fromStringList(desk.instruments));
+}
+
 void take(const QJsonObject& root, TerminalSettings& settings)
 {
     const QString theme = root.value(QLatin1String("theme")).toString();
@@ -74,13 +116,17 @@ void take(const QJsonObject& root, TerminalSettings& settings)
         takeModeWord(word.toString().toStdString(), settings.modes);
     settings.geometry = bytesOf(root.value(QLatin1String("geometry")));
     settings.state = bytesOf(root.value(QLatin1String("state")));
+    settings.desk = deskOf(root);
     settings.layouts.clear();
     for (const QJsonValue& value : root.value(QLatin1String("layouts")).toArray()) {
         const QJsonObject saved = value.toObject();
         SavedLayout layout;
         layout.name = saved.value(QLatin1String("name")).toString();
         layout.state = bytesOf(saved.value(QLatin1String("state")));
-        layout.instrument = saved.value(QLatin1String("instrument")).toString();
+        layout.desk = deskOf(saved);
+        // Written before there were groups.
+        if (layout.desk.instruments.isEmpty())
+            layout.desk.instruments.append(saved.value(QLatin1String("instrument")).toString());
         const double time = saved.value(QLatin1String("timeOfDay")).toDouble(-1);
         if (time >= 0 && time < static_cast<double>(kDayMs))
             layout.timeOfDay = static_cast<std::int64_t>(time);
@@ -133,12 +179,13 @@ bool writeSettings(const QString& file, const TerminalSettings& settings, QStrin
     root.insert(QStringLiteral("modes"), wordsOf(settings.modes));
     root.insert(QStringLiteral("geometry"), textOf(settings.geometry));
     root.insert(QStringLiteral("state"), textOf(settings.state));
+    put(root, settings.desk);
     QJsonArray layouts;
     for (const SavedLayout& layout : settings.layouts) {
         QJsonObject saved;
         saved.insert(QStringLiteral("name"), layout.name);
         saved.insert(QStringLiteral("state"), textOf(layout.state));
-        saved.insert(QStringLiteral("instrument"), layout.instrument);
+        put(saved, layout.desk);
         saved.insert(QStringLiteral("timeOfDay"), static_cast<double>(layout.timeOfDay));
         layouts.append(saved);
     }

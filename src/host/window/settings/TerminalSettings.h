@@ -1,21 +1,32 @@
 #pragma once
 
 #include "host/window/TerminalOptions.h"
+#include "host/window/workspace/Workspaces.h"
 
 #include <QByteArray>
 #include <QString>
+#include <QStringList>
 
 #include <cstdint>
+#include <map>
 #include <vector>
 
 namespace host {
+
+/// What belongs to an arrangement beside the panes of the main window.
+struct DeskState
+{
+    std::map<QString, int> groups; ///< of every pane by its id, from 0
+    std::vector<WindowState> windows;
+    QStringList instruments; ///< keys by group, empty for none
+};
 
 /// An arrangement of the panes that a person has named, with the place of the replay at that time.
 struct SavedLayout
 {
     QString name;
-    QByteArray state;            ///< of the workspace
-    QString instrument;          ///< key, empty for none
+    QByteArray state; ///< of the main window's workspace
+    DeskState desk;
     std::int64_t timeOfDay = -1; ///< ms since midnight at the exchange; below 0 for none
 };
 
@@ -26,7 +37,8 @@ struct TerminalSettings
     Zeb::EPriceColors colors = Zeb::EPriceColors::eRedUp;
     QueueModes modes;
     QByteArray geometry; ///< of the window; empty for the usual one
-    QByteArray state;    ///< of the workspace; empty for a shipped layout
+    QByteArray state;    ///< of the main window's workspace; empty for a shipped layout
+    DeskState desk;      ///< as it was left; its instruments are none
     std::vector<SavedLayout> layouts;
 };
 

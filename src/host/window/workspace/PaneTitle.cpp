@@ -22,6 +22,7 @@ constexpr int kIcon = 12;
 
 PaneTitle::PaneTitle(QDockWidget* dock)
     : QWidget(dock),
+      m_row(new QHBoxLayout(this)),
       m_name(new QLabel(dock->windowTitle(), this)),
       m_float(addButton(QStringLiteral("PaneFloat"), QStringLiteral("浮动或放回"))),
       m_close(addButton(QStringLiteral("PaneClose"), QStringLiteral("关闭窗格")))
@@ -32,17 +33,22 @@ PaneTitle::PaneTitle(QDockWidget* dock)
     // A narrow pane cuts its name, not the other way about.
     m_name->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     m_name->setMinimumWidth(1);
-    auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(kMargin, 0, 2, 0);
-    row->setSpacing(1);
-    row->addWidget(m_name, 1);
-    row->addWidget(m_float);
-    row->addWidget(m_close);
+    m_row->setContentsMargins(kMargin, 0, 2, 0);
+    m_row->setSpacing(1);
+    m_row->addWidget(m_name, 1);
+    m_row->addWidget(m_float);
+    m_row->addWidget(m_close);
     connect(m_float, &QToolButton::clicked, dock, [dock] { dock->setFloating(!dock->isFloating()); });
     connect(m_close, &QToolButton::clicked, dock, &QWidget::close);
     connect(dock, &QWidget::windowTitleChanged, m_name, &QLabel::setText);
     new PaneMenu(dock, this);
     refreshIcons();
+}
+
+void PaneTitle::addLeft(QWidget* mark)
+{
+    m_row->insertWidget(0, mark);
+    m_row->setContentsMargins(2, 0, 2, 0);
 }
 
 QSize PaneTitle::sizeHint() const

@@ -3,6 +3,7 @@
 #include <QWidget>
 
 class QDockWidget;
+class QHBoxLayout;
 class QLabel;
 class QToolButton;
 
@@ -20,12 +21,16 @@ public:
     QSize sizeHint() const override; ///< the dock gives as much room
     QSize minimumSizeHint() const override { return sizeHint(); }
 
+    /// Puts a mark before the name.
+    void addLeft(QWidget* mark);
+
     /// Draws the buttons in the theme's colours.
     void refreshIcons();
 
 private:
     QToolButton* addButton(const QString& name, const QString& tip);
 
+    QHBoxLayout* m_row;
     QLabel* m_name;
     QToolButton* m_float;
     QToolButton* m_close;

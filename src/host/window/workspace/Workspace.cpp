@@ -44,10 +44,28 @@ QDockWidget* Workspace::add(const QString& id, const QString& title, QWidget* wi
     dock->setProperty("pane", id);
     dock->setWidget(widget);
     dock->setTitleBarWidget(new PaneTitle(dock));
+    // A pane behind another tab is not seen: its panel rests.
+    connect(dock, &QDockWidget::visibilityChanged, widget, &QWidget::setVisible);
     addDockWidget(Qt::LeftDockWidgetArea, dock);
     dock->hide();
     m_docks.push_back(dock);
     return dock;
+}
+
+void Workspace::take(QDockWidget* dock)
+{
+    addDockWidget(Qt::RightDockWidgetArea, dock);
+    m_docks.push_back(dock);
+    dock->show();
+}
+
+void Workspace::release(QDockWidget* dock)
+{
+    dock->setFloating(false);
+    removeDockWidget(dock);
+    m_docks.erase(std::remove(m_docks.begin(), m_docks.end(), dock), m_docks.end());
+    if (m_current == dock)
+        m_current = nullptr;
 }
 
 QDockWidget* Workspace::dock(const QString& id) const
@@ -163,10 +181,18 @@ void Workspace::showEvent(QShowEvent* event)
         QTimer::singleShot(0, this, &Workspace::share); // once the first room is known
 }
 
+void Workspace::closeEvent(QCloseEvent* event)
+{
+    QMainWindow::closeEvent(event);
+    Q_EMIT closed();
+}
+
 void Workspace::remember(QDockWidget* dock)
 {
-    if (std::find(m_docks.begin(), m_docks.end(), dock) != m_docks.end())
-        m_current = dock;
+    if (std::find(m_docks.begin(), m_docks.end(), dock) == m_docks.end())
+        return;
+    m_current = dock;
+    Q_EMIT currentChanged();
 }
 
 Pane* Workspace::currentPane() const

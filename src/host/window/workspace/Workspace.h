@@ -25,8 +25,16 @@ public:
     /// Takes a widget in as a pane named `id`; hidden until a layout or the menu shows it.
     QDockWidget* add(const QString& id, const QString& title, QWidget* widget);
 
-    /// Null for an unknown id.
+    /// Takes a pane of another workspace in, and shows it at the right border.
+    void take(QDockWidget* dock);
+
+    /// Gives a pane away: it is closed and belongs to nobody's arrangement.
+    void release(QDockWidget* dock);
+
+    /// The pane is one of this workspace, null for another's and an unknown one.
     QDockWidget* dock(const QString& id) const;
+
+    const std::vector<QDockWidget*>& docks() const { return m_docks; }
 
     /// Shows and hides a pane each, checked while it is shown; in the order of adding.
     QList<QAction*> toggles() const;
@@ -44,7 +52,15 @@ public:
 
     void refreshIcons();
 
+Q_SIGNALS:
+    /// A pane of this workspace has become the current one.
+    void currentChanged();
+
+    /// A person has closed the window that the workspace is.
+    void closed();
+
 protected:
+    void closeEvent(QCloseEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
 

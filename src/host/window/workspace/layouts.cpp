@@ -37,6 +37,11 @@ const std::vector<Layout>& shippedLayouts()
          {{{cell(45, {"list"}), cell(55, {"levels"})}, 290},
           {{cell(58, {"chart"}), cell(42, {"zoom"})}, 910},
           {{cell(100, {"deals"})}, 400}}},
+        {QStringLiteral("pair"),
+         QStringLiteral("双品种台"),
+         {{{cell(45, {"list"}), cell(55, {"levels", "levels#2"})}, 290},
+          {{cell(60, {"queue"}), cell(40, {"deals"})}, 655},
+          {{cell(60, {"queue#2"}), cell(40, {"deals#2"})}, 655}}},
     };
     return layouts;
 }

@@ -30,7 +30,8 @@ struct Layout
     std::vector<LayoutColumn> columns;
 };
 
-/// The layouts that come with the terminal: for the queue, for orders and deals, for the chart.
+/// The layouts that come with the terminal: for the queue, for orders and deals, for the chart, for two
+/// instruments beside each other.
 const std::vector<Layout>& shippedLayouts();
 
 /// Null for an unknown id.

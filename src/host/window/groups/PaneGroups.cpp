@@ -1,0 +1,102 @@
+#include "host/window/groups/PaneGroups.h"
+
+#include "platform/resources/mark_colors.h"
+#include "platform/utils/exchange_time.h"
+
+#include <algorithm>
+
+namespace host {
+
+namespace {
+
+bool isPlayed(const PaneGroup& group, bool first)
+{
+    return group.day() && (first || !group.panes().empty());
+}
+
+} // namespace
+
+QString PaneGroups::colorKey(int group)
+{
+    return QString::fromLatin1(Kel::markColorKey(group));
+}
+
+int PaneGroups::groupOf(const Pane* pane) const
+{
+    for (int group = 0; group < kCount; ++group) {
+        const std::vector<Pane*>& panes = at(group).panes();
+        if (std::find(panes.begin(), panes.end(), pane) != panes.end())
+            return group;
+    }
+    return 0;
+}
+
+void PaneGroups::link(Pane* pane, int group)
+{
+    PaneGroup& from = of(*pane);
+    PaneGroup& to = at(group);
+    if (!to.day())
+        to.setDay(from.row(), from.day());
+    from.wiring().remove(pane);
+    to.wiring().add(pane);
+}
+
+std::vector<ReplayPart> PaneGroups::parts()
+{
+    std::vector<ReplayPart> parts;
+    for (PaneGroup& group : m_groups) {
+        if (isPlayed(group, &group == &m_groups.front()))
+            parts.push_back(ReplayPart{group.day(), &group.hub()});
+    }
+    return parts;
+}
+
+DayRange PaneGroups::range() const
+{
+    DayRange range = at(0).range();
+    for (int group = 1; group < kCount; ++group) {
+        const DayRange& other = at(group).range();
+        if (!isPlayed(at(group), false) ||
+            utils::exchangeDayStart(other.begin) != utils::exchangeDayStart(range.begin))
+            continue;
+        range.begin = std::min(range.begin, other.begin);
+        range.end = std::max(range.end, other.end);
+    }
+    return range;
+}
+
+void PaneGroups::fill()
+{
+    for (PaneGroup& group : m_groups) {
+        if (!group.day() && !group.panes().empty())
+            group.setDay(at(0).row(), at(0).day());
+    }
+}
+
+void PaneGroups::clearDays()
+{
+    for (PaneGroup& group : m_groups)
+        group.setDay(-1, nullptr);
+}
+
+void PaneGroups::begin()
+{
+    for (PaneGroup& group : m_groups)
+        group.begin();
+}
+
+void PaneGroups::follow(std::int64_t now)
+{
+    for (PaneGroup& group : m_groups)
+        group.follow(now);
+}
+
+std::int64_t PaneGroups::records() const
+{
+    std::int64_t sum = 0;
+    for (const PaneGroup& group : m_groups)
+        sum += group.hub().records();
+    return sum;
+}
+
+} // namespace host

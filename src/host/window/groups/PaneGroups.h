@@ -1,0 +1,54 @@
+#pragma once
+
+#include "host/window/ReplayPlayer.h"
+#include "host/window/groups/PaneGroup.h"
+
+#include <array>
+
+namespace host {
+
+/// The linking groups of the terminal, told apart by colour. Every pane is in one of them; the first is where
+/// panes are at the beginning. GUI thread.
+class PaneGroups
+{
+public:
+    static constexpr int kCount = 4;
+
+    /// The theme's colour of a group, by its key.
+    static QString colorKey(int group);
+
+    PaneGroup& at(int group) { return m_groups[static_cast<std::size_t>(group)]; }
+    const PaneGroup& at(int group) const { return m_groups[static_cast<std::size_t>(group)]; }
+
+    /// The group that a pane is in, 0 for one that is in none.
+    int groupOf(const Pane* pane) const;
+    PaneGroup& of(const Pane& pane) { return at(groupOf(&pane)); }
+
+    /// Puts a pane into a group, out of the one it is in. A group without an instrument takes over that of
+    /// the pane. The pane's feed changes with the next `begin`.
+    void link(Pane* pane, int group);
+
+    /// What is to be replayed: the days of the groups that have panes.
+    std::vector<ReplayPart> parts();
+
+    /// From the first begin to the last end of these days; the first group's alone, if another's is of a
+    /// different date.
+    DayRange range() const;
+
+    /// Groups with panes but without an instrument show that of the first group.
+    void fill();
+
+    /// No group has an instrument any more.
+    void clearDays();
+
+    void begin();
+    void follow(std::int64_t now);
+
+    /// Records that the feeds have delivered.
+    std::int64_t records() const;
+
+private:
+    std::array<PaneGroup, kCount> m_groups;
+};
+
+} // namespace host
