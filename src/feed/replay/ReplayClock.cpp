@@ -91,6 +91,16 @@ std::int64_t ReplayClock::feedTime(std::int64_t realMs)
     return afterBreaks(wholePart(elapsed + m_anchorFraction));
 }
 
+std::int64_t ReplayClock::playedBetween(std::int64_t from, std::int64_t to) const
+{
+    const std::int64_t begin = clamped(from);
+    const std::int64_t end = clamped(to);
+    std::int64_t played = std::max<std::int64_t>(end - begin, 0);
+    for (const Break& pause : m_breaks)
+        played -= std::max<std::int64_t>(std::min(pause.end, end) - std::max(pause.begin, begin), 0);
+    return played;
+}
+
 /// The feed time `advance` milliseconds of played time after the anchor.
 std::int64_t ReplayClock::afterBreaks(std::int64_t advance) const
 {

@@ -49,6 +49,10 @@ public:
     /// never goes back.
     std::int64_t feedTime(std::int64_t realMs);
 
+    /// Milliseconds of feed time between two moments that are played: without the breaks. 0 if `to` is not
+    /// after `from`.
+    std::int64_t playedBetween(std::int64_t from, std::int64_t to) const;
+
 private:
     std::int64_t afterBreaks(std::int64_t advance) const;
     void anchor(std::int64_t realMs);

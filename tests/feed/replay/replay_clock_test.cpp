@@ -118,4 +118,17 @@ TEST(ReplayClock, NeverGoesBack)
     EXPECT_GE(clock.feedTime(std::numeric_limits<std::int64_t>::max()), 510);
 }
 
+TEST(ReplayClock, TellsHowMuchBetweenTwoMomentsIsPlayed)
+{
+    ReplayClock clock(0);
+    clock.setBreaks({{100, 200}, {400, 500}});
+    EXPECT_EQ(clock.playedBetween(0, 50), 50);
+    EXPECT_EQ(clock.playedBetween(0, 250), 150);
+    EXPECT_EQ(clock.playedBetween(150, 250), 50);
+    EXPECT_EQ(clock.playedBetween(120, 180), 0);
+    EXPECT_EQ(clock.playedBetween(150, 450), 200);
+    EXPECT_EQ(clock.playedBetween(300, 300), 0);
+    EXPECT_EQ(clock.playedBetween(300, 100), 0);
+}
+
 } // namespace

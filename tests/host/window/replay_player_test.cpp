@@ -215,6 +215,115 @@ TEST_F(Player, PlaysSeveralDaysByOneClock)
     EXPECT_EQ(player.now(), start + 99000) << "the end of the day that ends last";
 }
 
+TEST_F(Player, StepsOnAndBackToTheSameState)
+{
+    int done = 0;
+    int refused = 0;
+    QObject::connect(&player, &host::ReplayPlayer::stepped, &player,
+                     [&](bool yes) { ++(yes ? done : refused); });
+    player.open(day, start + 9500);
+    player.play();
+    player.step(host::EStep::eOrder, false);
+    EXPECT_FALSE(player.playing()) << "a step pauses";
+    ASSERT_TRUE(waitUntil([&] { return done == 1; }));
+    const std::int64_t reached = player.now();
+    const int orders = counter.orders;
+    player.step(host::EStep::eOrder, false);
+    ASSERT_TRUE(waitUntil([&] { return done == 2; }));
+    EXPECT_EQ(counter.orders, orders + 1);
+    const int begun = begins;
+    counter.orders = 0;
+    player.step(host::EStep::eOrder, true);
+    ASSERT_TRUE(waitUntil([&] { return done == 3; }));
+    EXPECT_EQ(begins, begun + 1) << "by a reload, like a seek";
+    EXPECT_EQ(counter.orders, orders);
+    EXPECT_EQ(player.now(), reached);
+    player.step(host::EStep::eDeal, true);
+    player.step(host::EStep::eSnapshot, false);
+    ASSERT_TRUE(waitUntil([&] { return refused == 2; }));
+    EXPECT_EQ(begins, begun + 1) << "nothing has changed";
+    EXPECT_EQ(counter.orders, orders);
+    EXPECT_EQ(player.now(), reached);
+}
+
+TEST_F(Player, DoesStepsThatWaitInOne)
+{
+    answer = false;
+    int done = 0;
+    QObject::connect(&player, &host::ReplayPlayer::stepped, &player, [&](bool) { ++done; });
+    player.open(day, start + 9500);
+    player.step(host::EStep::eOrder, false);
+    player.step(host::EStep::eOrder, false, 0, 3);
+    player.step(host::EStep::eSecond, false, 0, 2);
+    ASSERT_TRUE(waitUntil([&] { return halts.size() == 1; }));
+    EXPECT_EQ(counter.orders, 0);
+    player.begin(halts.back());
+    ASSERT_TRUE(waitUntil([&] { return done == 2; }));
+    EXPECT_EQ(counter.orders, 20 + 4 + 4);
+    EXPECT_EQ(player.now(), start + 13000);
+}
+
+TEST_F(Player, ASeekMakesStepsVoid)
+{
+    answer = false;
+    int done = 0;
+    QObject::connect(&player, &host::ReplayPlayer::stepped, &player, [&](bool) { ++done; });
+    player.open(day, start + 9500);
+    player.step(host::EStep::eOrder, false);
+    player.seek(start + 5000);
+    answer = true;
+    ASSERT_TRUE(waitUntil([&] { return begins == 1; }));
+    letRun(30);
+    EXPECT_EQ(done, 0);
+    EXPECT_EQ(player.now(), start + 5000);
+}
+
+TEST_F(Player, PlaysOnWhenItIsToldToAfterAStepBack)
+{
+    player.open(day, start + 50000);
+    player.setSpeed(100);
+    player.step(host::EStep::eSecond, true, 0, 10);
+    player.play();
+    ASSERT_TRUE(waitUntil([&] { return begins == 2 && player.now() > start + 41000; }));
+    EXPECT_LT(player.now(), start + 99000);
+}
+
+TEST(PlayerLag, TellsWhatIsReachedWhenTheReceiverIsSlow)
+{
+    class Slow : public Counter
+    {
+    public:
+        void onOrders(const std::string& key, int seq, int status,
+                      const Kel::MetaCacheDataWrapperPtr& batch) override
+        {
+            if (status == 1)
+                QThread::msleep(5);
+            Counter::onOrders(key, seq, status, batch);
+        }
+    };
+    testing_support::SmallDay small;
+    for (int i = 0; i < 3600; ++i)
+        small.at(i).buy(i + 1, 10, 100);
+    Slow slow;
+    host::ReplayPlayer player(slow);
+    QObject::connect(&player, &host::ReplayPlayer::halted, &player,
+                     [&player](int number) { player.begin(number); });
+    std::vector<double> told;
+    QObject::connect(&player, &host::ReplayPlayer::lagging, &player,
+                     [&told](double speed) { told.push_back(speed); });
+    player.open(std::make_shared<feed::InstrumentDay>(small.day), small.day.orders.front().time);
+    player.setSpeed(1000); // an order each millisecond, which the receiver takes five times as long for
+    player.play();
+    ASSERT_TRUE(waitUntil([&] { return !told.empty(); }));
+    EXPECT_GT(told.front(), 0);
+    EXPECT_LT(told.front(), 500);
+    player.pause();
+    ASSERT_TRUE(waitUntil([&] { return told.back() == 0; })) << "what stands still does not lag";
+    EXPECT_EQ(player.lag(), 0);
+    EXPECT_EQ((player.now() - small.day.orders.front().time) / 1000 + 1, slow.orders)
+        << "the clock claims no more than was delivered";
+}
+
 TEST_F(Player, TakesOtherDaysInPlaceOfThoseBefore)
 {
     Counter second;

@@ -52,6 +52,41 @@ bool always()
 class Run : public ::testing::Test
 {
 protected:
+    void start(const std::vector<host::ReplayPart>& wanted, std::int64_t at)
+    {
+        host::ReplayStart moment;
+        moment.at = at;
+        run.start(wanted, moment);
+    }
+
+    /// Does a step on or back, as a player does; false if there is none.
+    bool step(host::EStep kind, bool back, int part = 0, int count = 1)
+    {
+        host::ReplayStep wanted;
+        wanted.kind = kind;
+        wanted.back = back;
+        wanted.part = part;
+        wanted.count = count;
+        if (!back)
+            return run.step(wanted, always);
+        const auto to = run.startBack(wanted);
+        if (to)
+            run.start(parts, *to);
+        return to.has_value();
+    }
+
+    /// Small days in step with each other: an order of the first part each 10 ms, a deal of the second every
+    /// 25 ms.
+    void startTwo(std::int64_t at)
+    {
+        SmallDay deals;
+        for (int i = 0; i < 100; ++i)
+            deals.at(i * 0.025).deal(1, 2, 10, 100);
+        parts = {{steadyDay(300), &first}, {std::make_shared<feed::InstrumentDay>(deals.day), &second}};
+        start(parts, at);
+    }
+
+    std::vector<host::ReplayPart> parts;
     std::int64_t real = 1000;
     std::int64_t cost = 0; ///< real time of a batch of orders
     std::int64_t begin = steadyDay(1)->orders.front().time;
@@ -62,7 +97,7 @@ protected:
 
 TEST_F(Run, BringsAllPartsToTheSameMoment)
 {
-    run.start({{steadyDay(1000), &first}, {steadyDay(1000, 2), &second}}, begin + 995);
+    start({{steadyDay(1000), &first}, {steadyDay(1000, 2), &second}}, begin + 995);
     EXPECT_EQ(first.orders, 100U);
     EXPECT_EQ(second.orders, 0U);
     run.setSpeed(10);
@@ -88,15 +123,123 @@ TEST_F(Run, JumpsOnlyOverStretchesInWhichNoDayHasAnything)
         run.advance(always);
         return run.now();
     };
-    run.start({{withGap, &first}}, begin + 10000);
+    start({{withGap, &first}}, begin + 10000);
     EXPECT_GE(goOn(), begin + 100000);
-    run.start({{withGap, &first}, {steadyDay(12000), &second}}, begin + 10000);
+    start({{withGap, &first}, {steadyDay(12000), &second}}, begin + 10000);
     EXPECT_EQ(goOn(), begin + 12000);
+}
+
+TEST_F(Run, AStepBringsTheOtherPartsToTheSameMoment)
+{
+    startTwo(begin + 14);
+    ASSERT_TRUE(step(host::EStep::eOrder, false));
+    EXPECT_EQ(run.now(), begin + 20);
+    EXPECT_EQ(first.orders, 3U);
+    ASSERT_TRUE(step(host::EStep::eDeal, false, 1));
+    EXPECT_EQ(run.now(), begin + 25);
+    ASSERT_TRUE(step(host::EStep::eOrder, false, 0, 5));
+    EXPECT_EQ(run.now(), begin + 70);
+    EXPECT_EQ(second.latestTime(), begin + 50);
+    EXPECT_FALSE(step(host::EStep::eSnapshot, false)) << "there is none";
+    EXPECT_FALSE(step(host::EStep::eOrder, false, 2)) << "no such part";
+    EXPECT_FALSE(step(host::EStep::eOrder, false, -1));
+    EXPECT_EQ(run.now(), begin + 70);
+}
+
+TEST_F(Run, AStepBackBringsTheOtherPartsToTheSameMoment)
+{
+    startTwo(begin + 14);
+    for (int i = 0; i < 6; ++i)
+        ASSERT_TRUE(step(host::EStep::eOrder, false));
+    EXPECT_EQ(run.now(), begin + 70);
+    first.take();
+    second.take();
+    ASSERT_TRUE(step(host::EStep::eOrder, true, 0, 2));
+    EXPECT_EQ(run.now(), begin + 50);
+    RecordingSink expected;
+    feed::ReplaySession session(*parts[1].day, expected);
+    session.startAt(begin + 50);
+    EXPECT_EQ(second.take(), expected.take());
+    ASSERT_TRUE(step(host::EStep::eDeal, true, 1));
+    EXPECT_EQ(run.now(), begin + 25);
+    EXPECT_FALSE(step(host::EStep::eSnapshot, true));
+    EXPECT_FALSE(step(host::EStep::eDeal, true, 2));
+    EXPECT_EQ(run.now(), begin + 25);
+}
+
+TEST_F(Run, AStepBackWithinAMomentLeavesTheOtherPartsWhereTheyStand)
+{
+    SmallDay crowd; // four orders of one moment
+    crowd.at(1).buy(1, 10, 100).buy(2, 10, 100).buy(3, 10, 100).buy(4, 10, 100);
+    const auto day = std::make_shared<feed::InstrumentDay>(crowd.day);
+    parts = {{day, &first}, {day, &second}};
+    start(parts, begin);
+    ASSERT_TRUE(step(host::EStep::eOrder, false, 0, 2));
+    EXPECT_EQ(second.orders, 4U);
+    start(parts, begin);
+    ASSERT_TRUE(step(host::EStep::eOrder, false, 0, 3));
+    first.take();
+    second.orders = 0;
+    ASSERT_TRUE(step(host::EStep::eOrder, true, 0));
+    EXPECT_EQ(run.now(), begin + 1000);
+    EXPECT_EQ(second.orders, 4U) << "the same again";
+    ASSERT_TRUE(step(host::EStep::eOrder, true, 1, 2));
+    second.orders = 0;
+    first.orders = 0;
+    ASSERT_TRUE(step(host::EStep::eOrder, true, 0));
+    EXPECT_EQ(first.orders, 1U);
+    EXPECT_EQ(second.orders, 2U) << "it stands amidst the moment as well";
+}
+
+TEST_F(Run, StepsOfSecondsEndAtTheEndsOfTheDays)
+{
+    startTwo(begin + 500);
+    ASSERT_TRUE(step(host::EStep::eSecond, false, 0, 2));
+    EXPECT_EQ(run.now(), begin + 2500);
+    EXPECT_EQ(first.orders, 251U);
+    ASSERT_TRUE(step(host::EStep::eSecond, false, 0, 5));
+    EXPECT_EQ(run.now(), begin + 3000);
+    EXPECT_FALSE(step(host::EStep::eSecond, false));
+    ASSERT_TRUE(step(host::EStep::eSecond, true));
+    EXPECT_EQ(run.now(), begin + 2000);
+    ASSERT_TRUE(step(host::EStep::eSecond, true, 0, 60));
+    EXPECT_EQ(run.now(), begin);
+    EXPECT_FALSE(step(host::EStep::eSecond, true));
+}
+
+TEST_F(Run, PlaysOnFromWhereAStepEnded)
+{
+    startTwo(begin);
+    run.setSpeed(1);
+    run.advance(always);
+    real += 15;
+    ASSERT_TRUE(step(host::EStep::eOrder, false));
+    EXPECT_EQ(run.now(), begin + 10);
+    real += 1000;
+    run.advance(always);
+    real += 7;
+    run.advance(always);
+    EXPECT_EQ(run.now(), begin + 17);
+}
+
+TEST_F(Run, TellsItsLag)
+{
+    start({{steadyDay(40000), &first}}, begin);
+    run.setSpeed(100);
+    cost = 20; // for a batch of the ten orders of 100 ms, which are due each millisecond
+    for (int i = 0; i < 50; ++i) {
+        real += 1;
+        run.advance(always);
+    }
+    EXPECT_GT(run.lag(), 0);
+    EXPECT_LT(run.lag(), 100);
+    run.pause();
+    EXPECT_EQ(run.lag(), 0);
 }
 
 TEST_F(Run, IsAtItsEndWhenTheLastPartIs)
 {
-    run.start({{steadyDay(100), &first}, {steadyDay(300), &second}}, begin + 1000);
+    start({{steadyDay(100), &first}, {steadyDay(300), &second}}, begin + 1000);
     EXPECT_FALSE(run.atEnd());
     EXPECT_EQ(run.end(), begin + 3000);
     run.setSpeed(0);
@@ -106,23 +249,24 @@ TEST_F(Run, IsAtItsEndWhenTheLastPartIs)
 
 TEST_F(Run, LeavesOutPartsWithoutADayOrASink)
 {
-    run.start({{nullptr, &first}, {steadyDay(10), nullptr}}, begin);
+    start({{nullptr, &first}, {steadyDay(10), nullptr}}, begin);
     EXPECT_FALSE(run.started());
-    run.start({{nullptr, &first}, {steadyDay(10), &second}}, begin);
+    start({{nullptr, &first}, {steadyDay(10), &second}}, begin);
     EXPECT_TRUE(run.started());
     EXPECT_EQ(second.orders, 1U);
 }
 
 TEST_F(Run, TheClockWaitsForAMachineThatCannotKeepUp)
 {
-    run.start({{steadyDay(40000), &first}}, begin);
+    start({{steadyDay(40000), &first}}, begin);
     run.setSpeed(1000);
     run.advance(always);
     cost = 5; // for 100 orders, which is what a live batch takes at most
     real += 100;
     run.advance(always);
     EXPECT_LT(run.now(), begin + 100000) << "not all that was due";
-    EXPECT_GE(run.now(), begin + 10000) << "a portion";
+    EXPECT_GE(run.now(), begin + 5000) << "a portion";
+    EXPECT_LT(real, 1400) << "and not much more than a portion";
     EXPECT_EQ(static_cast<std::int64_t>(first.orders), (run.now() - begin) / 10 + 1) << "nothing is left out";
     const std::int64_t reached = run.now();
     cost = 0;
@@ -132,16 +276,33 @@ TEST_F(Run, TheClockWaitsForAMachineThatCannotKeepUp)
     EXPECT_EQ(run.now(), reached + 10) << "the clock goes on from what was delivered";
 }
 
+TEST_F(Run, PortionsBecomeAsSmallAsTheMachineIsSlow)
+{
+    start({{steadyDay(40000), &first}}, begin);
+    run.setSpeed(1000);
+    cost = 5;
+    std::int64_t longest = 0;
+    for (int i = 0; i < 12; ++i) {
+        const std::int64_t before = real;
+        run.advance(always);
+        if (i > 8)
+            longest = std::max(longest, real - before);
+        real += 1;
+    }
+    EXPECT_GT(longest, 0);
+    EXPECT_LT(longest, 50) << "so that a pause is heard soon";
+}
+
 TEST_F(Run, APauseIsHeardAfterAPortion)
 {
-    run.start({{steadyDay(40000), &first}, {steadyDay(40000), &second}}, begin);
+    start({{steadyDay(40000), &first}, {steadyDay(40000), &second}}, begin);
     run.setSpeed(1000);
     run.advance(always);
     real += 100;
     int looks = 0;
     run.advance([&looks] { return ++looks < 2; });
     EXPECT_EQ(looks, 2);
-    EXPECT_LE(first.orders, 2010U);
+    EXPECT_LE(first.orders, 1520U) << "two portions";
     EXPECT_EQ(first.orders, second.orders);
     const std::int64_t reached = run.now();
     run.pause();
@@ -153,7 +314,7 @@ TEST_F(Run, APauseIsHeardAfterAPortion)
 
 TEST_F(Run, GoesOnFromWhatWasDeliveredAfterAPause)
 {
-    run.start({{steadyDay(1000), &first}}, begin);
+    start({{steadyDay(1000), &first}}, begin);
     run.setSpeed(10);
     run.advance(always);
     real += 15; // due, but not delivered yet
