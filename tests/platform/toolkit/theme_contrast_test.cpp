@@ -79,6 +79,9 @@ const Pairing kPairings[] = {
     {"clr_message_text", "clr_message_background clr_message_error_background"},
     {"clr_tip_text", "clr_tip_background"},
     {"clr_window_text clr_window_text_soft", "clr_window_background"},
+    // the state of the data, in a pane's title
+    {"clr_state_gap clr_state_live clr_state_loading clr_state_rebuilt clr_state_stale clr_window_text_soft",
+     "clr_dialog_title_background"},
 };
 
 double linear(double channel)
