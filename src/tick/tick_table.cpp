@@ -77,7 +77,7 @@ TickTable dealTable(const boost::shared_ptr<CModelDepthTransaction>& model)
 {
     TickTable table;
     table.columns =
-        QStringList{QStringLiteral("时间"),   QStringLiteral("价格"),       QStringLiteral("成交量(手)"),
+        QStringList{QStringLiteral("时间"),   QStringLiteral("价格(元)"),   QStringLiteral("成交量(手)"),
                     QStringLiteral("主动方"), QStringLiteral("买方委托号"), QStringLiteral("卖方委托号")};
     table.rowCount = [model] { return model->count.load(); };
     table.walk = [model, tick = model->priceTick] {
@@ -97,8 +97,8 @@ TickTable orderTable(const boost::shared_ptr<CModelDepthEntrust>& model)
 {
     TickTable table;
     table.columns =
-        QStringList{QStringLiteral("时间"),     QStringLiteral("价格"), QStringLiteral("委托量(手)"),
-                    QStringLiteral("金额(元)"), QStringLiteral("方向"), QStringLiteral("类型"),
+        QStringList{QStringLiteral("时间"),     QStringLiteral("价格(元)"), QStringLiteral("委托量(手)"),
+                    QStringLiteral("金额(元)"), QStringLiteral("方向"),     QStringLiteral("类型"),
                     QStringLiteral("委托号")};
     table.rowCount = [model] { return model->orderCount.load(); };
     table.walk = [model, tick = model->priceTick] {
@@ -120,8 +120,8 @@ TickTable cancelTable(const boost::shared_ptr<CModelDepthEntrust>& model)
 {
     TickTable table;
     table.columns =
-        QStringList{QStringLiteral("时间"),     QStringLiteral("价格"), QStringLiteral("撤单量(手)"),
-                    QStringLiteral("金额(元)"), QStringLiteral("方向"), QStringLiteral("委托号")};
+        QStringList{QStringLiteral("时间"),     QStringLiteral("价格(元)"), QStringLiteral("撤单量(手)"),
+                    QStringLiteral("金额(元)"), QStringLiteral("方向"),     QStringLiteral("委托号")};
     table.rowCount = [model] { return model->cancelCount.load(); };
     table.walk = [model, tick = model->priceTick] {
         const auto next = [model](RowWalk& walk, int most, std::vector<CancelWithOrder>& rows) {

@@ -45,7 +45,7 @@ protected:
 TEST_F(TickTables, DealsInUtf8BeginWithTheByteOrderMark)
 {
     EXPECT_EQ(written(dealTable(deals), ETableEncoding::eUtf8WithMark).toStdString(),
-              "\xEF\xBB\xBF时间,价格,成交量(手),主动方,买方委托号,卖方委托号\r\n"
+              "\xEF\xBB\xBF时间,价格(元),成交量(手),主动方,买方委托号,卖方委托号\r\n"
               "09:25:00,10.00,1,,7,6\r\n"
               "10:00:07,10.50,123,买,5,6\r\n");
 }
@@ -59,10 +59,10 @@ TEST_F(TickTables, GbkHasNoMark)
 TEST_F(TickTables, OrdersAndCancelsHaveTheirColumns)
 {
     EXPECT_EQ(written(orderTable(entrusts), ETableEncoding::eUtf8WithMark).mid(3).toStdString(),
-              "时间,价格,委托量(手),金额(元),方向,类型,委托号\r\n"
+              "时间,价格(元),委托量(手),金额(元),方向,类型,委托号\r\n"
               "10:00:01,9.99,900,899100.00,卖,S,5\r\n");
     EXPECT_EQ(written(cancelTable(entrusts), ETableEncoding::eUtf8WithMark).mid(3).toStdString(),
-              "时间,价格,撤单量(手),金额(元),方向,委托号\r\n"
+              "时间,价格(元),撤单量(手),金额(元),方向,委托号\r\n"
               "10:00:03,9.99,55,54945.00,卖,5\r\n"
               "10:00:04,0.00,55,,,9\r\n");
 }

@@ -1,6 +1,7 @@
 #include "host/window/shot.h"
 
 #include "host/commands/commands.h"
+#include "host/window/InstrumentList.h"
 #include "host/window/MainWindow.h"
 #include "host/window/workspace/Workspace.h"
 #include "platform/resources/CUiResource.h"
@@ -9,6 +10,7 @@
 
 #include <QApplication>
 #include <QDockWidget>
+#include <QElapsedTimer>
 #include <QEventLoop>
 #include <QLayout>
 #include <QPixmap>
@@ -23,6 +25,8 @@ namespace {
 // The engine has applied what the feed said last, reconciliations with published queues included, which come
 // two seconds after them.
 constexpr int kSettleMs = 2300;
+constexpr int kPatienceMs = 10000;
+constexpr int kLookMs = 50;
 
 /// Takes a pane out of the window, so that it is shown at its own size whatever the layout.
 QWidget* takeOut(QDockWidget& dock, const QSize& wanted)
@@ -35,6 +39,28 @@ QWidget* takeOut(QDockWidget& dock, const QSize& wanted)
     const QSize size = wanted.isEmpty() ? pane->sizeHint() : wanted;
     dock.resize(size + (dock.size() - pane->size()));
     return pane;
+}
+
+/// Whether the list tells what each instrument costs; prices come one after the other.
+bool allPriced(const InstrumentList& list)
+{
+    const QAbstractItemModel& model = *list.model();
+    for (int row = 0; row < model.rowCount(); ++row) {
+        if (model.index(row, InstrumentModel::eLastPrice).data().toString().startsWith(QLatin1Char('-')))
+            return false;
+    }
+    return true;
+}
+
+/// Lets the window work until it is as it will stay, or patience ends: an instrument may have no price yet.
+void settle(MainWindow& window, QEventLoop& loop)
+{
+    QElapsedTimer clock;
+    clock.start();
+    while (clock.elapsed() < kSettleMs || (clock.elapsed() < kPatienceMs && !allPriced(window.list()))) {
+        QTimer::singleShot(kLookMs, &loop, &QEventLoop::quit);
+        loop.exec();
+    }
 }
 
 } // namespace
@@ -56,8 +82,7 @@ int takeShot(TerminalOptions options, std::ostream& err)
         failure = reason;
         loop.quit();
     });
-    QObject::connect(&window, &MainWindow::shown, &loop,
-                     [&] { QTimer::singleShot(kSettleMs, &loop, &QEventLoop::quit); });
+    QObject::connect(&window, &MainWindow::shown, &loop, &QEventLoop::quit);
     window.show();
     QWidget* shown = &window;
     if (QDockWidget* dock = window.workspace().dock(options.pane))
@@ -67,6 +92,8 @@ int takeShot(TerminalOptions options, std::ostream& err)
     loop.exec();
     if (!failure.isEmpty())
         return fail(err, failure.toStdString());
+    QObject::disconnect(&window, nullptr, &loop, nullptr);
+    settle(window, loop);
     if (QWidget* focused = QApplication::focusWidget(); focused && shown != &window)
         focused->clearFocus(); // a window of its own has given it to one of its buttons
     if (!shown->grab().save(options.shot))

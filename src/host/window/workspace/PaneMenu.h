@@ -18,7 +18,7 @@ class PaneMenu : public QObject
     Q_OBJECT
 
 public:
-    /// Opens on a right click on `title`, or on the menu key with the focus there. Owned by the title.
+    /// Opens on a right click on `title`, which owns it.
     PaneMenu(QDockWidget* dock, QWidget* title);
 
     /// The menu as it would open now, of the caller.
