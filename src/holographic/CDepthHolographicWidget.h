@@ -79,7 +79,8 @@ public:
     /// that does not exist.
     void middleCurrDeal(int seq);
 
-    /// The deal that the cursor stands on, -1 for none; in column mode it stands for its whole quote interval.
+    /// The deal that the cursor stands on, -1 for none; in column mode it stands for its whole quote
+    /// interval.
     int cursorDeal() const { return m_cursorSeq; }
     bool isColumnMode() const { return m_columnMode; }
 
