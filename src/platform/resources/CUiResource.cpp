@@ -27,6 +27,11 @@ namespace {
 const QStringList kBuiltIn{QStringLiteral("dark"), QStringLiteral("light")};
 const QColor kUnknownColor(255, 0, 255);
 constexpr int kUnknownPicturePixels = 16;
+constexpr double kLeastFontScale = 0.5;
+constexpr double kMostFontScale = 3;
+
+/// Sizes of lines that hold text, which grow and shrink with it.
+const QStringList kTextSizes{QStringLiteral("siz_dialog_title_height")};
 
 ThemeFile builtIn(const QString& name)
 {
@@ -67,6 +72,7 @@ struct CUiResource::Private
     ThemeFile theme;
     QString name;
     EPriceColors prices = EPriceColors::eRedUp;
+    double fontScale = 1;
     Places<QColor> colors;
     Places<QFont> fonts;
     QHash<QString, QByteArray> drawings;         // inks filled in
@@ -93,11 +99,13 @@ struct CUiResource::Private
         return &found->second.value;
     }
 
+    int scaled(int pixels) const { return std::max(1, qRound(pixels * fontScale)); }
+
     QFont fontOf(const ThemeFile::Font& spec) const
     {
         QFont font(theme.fontFamilies.value(0));
         font.setFamilies(theme.fontFamilies);
-        font.setPixelSize(spec.pixels);
+        font.setPixelSize(scaled(spec.pixels));
         font.setBold(spec.bold);
         font.setStretch(spec.stretch);
         return font;
@@ -210,6 +218,23 @@ void CUiResource::setPriceColors(EPriceColors colors)
     m_d->notify();
 }
 
+double CUiResource::fontScale() const
+{
+    return m_d->fontScale;
+}
+
+bool CUiResource::setFontScale(double scale)
+{
+    if (!(scale >= kLeastFontScale && scale <= kMostFontScale))
+        return false;
+    if (m_d->fontScale == scale)
+        return true;
+    m_d->fontScale = scale;
+    m_d->apply();
+    m_d->notify();
+    return true;
+}
+
 const QColor* CUiResource::getColor(const QString& key) const
 {
     return m_d->find(&m_d->colors, key, kUnknownColor);
@@ -224,7 +249,7 @@ int CUiResource::getSize(const QString& key) const
 {
     const auto found = m_d->theme.sizes.constFind(key);
     if (found != m_d->theme.sizes.constEnd())
-        return *found;
+        return kTextSizes.contains(key) ? m_d->scaled(*found) : *found;
     m_d->report(key);
     return 0;
 }

@@ -53,11 +53,20 @@ public:
     EPriceColors priceColors() const;
     void setPriceColors(EPriceColors colors);
 
+    /// Share of their usual size that the fonts of `getFont` have, and with them the sizes of lines that hold
+    /// text; 1 until a host asks for another.
+    double fontScale() const;
+
+    /// Puts a share of 0.5 to 3 in force and calls every `themeChanged`. False for another number; nothing
+    /// changes then. Fonts keep whole pixels, at least one.
+    bool setFontScale(double scale);
+
     /// Addresses stay valid for the life of the process; what stands there changes with the theme.
     const QColor* getColor(const QString& key) const;
     const QFont* getFont(const QString& key) const;
 
-    /// Pixels at 100 % scale.
+    /// Pixels at 100 % scale of the screen; the heights of lines that hold text follow the share of the
+    /// fonts.
     int getSize(const QString& key) const;
 
     /// The picture at its own size, for the device pixel ratio of the application's screens (the largest,
