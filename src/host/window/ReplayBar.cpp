@@ -2,6 +2,9 @@
 
 #include "host/window/DaySlider.h"
 #include "host/window/bar_icons.h"
+#include "platform/resources/CUiResource.h"
+#include "platform/toolkit/style_sheets.h"
+#include "platform/utils/CSingletonT.h"
 #include "platform/utils/exchange_time.h"
 
 #include <QComboBox>
@@ -11,20 +14,31 @@
 #include <QProgressBar>
 #include <QStackedWidget>
 #include <QToolButton>
+#include <QVBoxLayout>
 
 #include <algorithm>
+#include <utility>
 
 namespace host {
 
 namespace {
 
-constexpr int kMargin = 10;      // pixels
-constexpr int kSpacing = 10;     // pixels
-constexpr int kJumpWidth = 96;   // pixels
-constexpr int kPlaySize = 30;    // pixels
-constexpr int kIconSize = 16;    // pixels
-constexpr int kPerMille = 1000;  // of the progress bar
-constexpr int kTimePadding = 12; // pixels
+constexpr int kMargin = 10;       // pixels
+constexpr int kSpacing = 10;      // pixels
+constexpr int kJumpWidth = 96;    // pixels
+constexpr int kPlaySize = 30;     // pixels
+constexpr int kIconSize = 16;     // pixels
+constexpr int kPerMille = 1000;   // of the progress bar
+constexpr int kTimePadding = 12;  // pixels
+constexpr double kFastest = 1000; // speed that the lag has room for
+constexpr double kWholeFrom = 10; // speeds from here on are shown without decimals
+constexpr const char* kLagColor = "clr_state_stale";
+constexpr const char* kLagFont = "fnt_graph_axis_text";
+
+QString lagText(double speed)
+{
+    return QStringLiteral("滞后，实际 %1 倍").arg(speed, 0, 'f', speed < kWholeFrom ? 1 : 0);
+}
 
 } // namespace
 
@@ -33,6 +47,7 @@ ReplayBar::ReplayBar(QWidget* parent)
       m_play(new QToolButton(this)),
       m_speed(new QComboBox(this)),
       m_time(new QLabel(this)),
+      m_lag(new QLabel(this)),
       m_slider(new DaySlider(this)),
       m_jump(new QLineEdit(this)),
       m_stack(new QStackedWidget(this)),
@@ -57,7 +72,7 @@ ReplayBar::ReplayBar(QWidget* parent)
 
 const std::vector<double>& ReplayBar::speeds()
 {
-    static const std::vector<double> list = {0.1, 0.2, 0.5, 1, 2, 5, 10, 20, 60, 100, 0};
+    static const std::vector<double> list = {0.1, 0.2, 0.5, 1, 2, 5, 10, 20, 60, 100, 200, 500, 1000, 0};
     return list;
 }
 
@@ -86,6 +101,10 @@ void ReplayBar::makeControls()
 
     m_time->setObjectName(QStringLiteral("ReplayTime"));
     m_time->setAlignment(Qt::AlignCenter);
+    m_lag->setObjectName(QStringLiteral("ReplayLag"));
+    m_lag->setAlignment(Qt::AlignCenter);
+    m_lag->hide();
+    styleLag();
 
     m_jump->setObjectName(QStringLiteral("ReplayJump"));
     m_jump->setPlaceholderText(QStringLiteral("跳到 09:30:00"));
@@ -116,7 +135,13 @@ void ReplayBar::makeLayout()
     row->setSpacing(kSpacing);
     row->addWidget(m_play);
     row->addWidget(m_speed);
-    row->addWidget(m_time);
+    auto* times = new QVBoxLayout;
+    times->setSpacing(0);
+    times->addStretch();
+    times->addWidget(m_time);
+    times->addWidget(m_lag);
+    times->addStretch();
+    row->addLayout(times);
     row->addWidget(m_stack, 1);
     row->addWidget(m_jump);
 }
@@ -125,6 +150,31 @@ void ReplayBar::setDay(const DayRange& range)
 {
     m_range = range;
     m_slider->setDay(range);
+}
+
+void ReplayBar::setPhases(std::vector<PhaseMark> phases)
+{
+    m_slider->setPhases(std::move(phases));
+}
+
+void ReplayBar::setGaps(std::vector<DayStretch> gaps)
+{
+    m_slider->setGaps(std::move(gaps));
+}
+
+void ReplayBar::setLag(double effectiveSpeed)
+{
+    m_lag->setVisible(effectiveSpeed > 0);
+    if (effectiveSpeed > 0)
+        m_lag->setText(lagText(effectiveSpeed));
+}
+
+void ReplayBar::styleLag()
+{
+    auto& theme = utils::CSingletonT<Zeb::CUiResource>::instance();
+    m_lag->setFont(*theme.getFont(QString::fromLatin1(kLagFont)));
+    Zeb::giveSheet(m_lag,
+                   QStringLiteral("color: %1;").arg(theme.getColor(QString::fromLatin1(kLagColor))->name()));
 }
 
 void ReplayBar::setMoment(std::int64_t moment)
@@ -140,8 +190,10 @@ void ReplayBar::showTime(std::int64_t moment)
     const bool day = m_range.end > m_range.begin;
     m_time->setText(day ? utils::clockText(moment, false) : QStringLiteral("--:--:--"));
     // Digits are equally wide, so the label needs its width once; the theme may bring another font.
-    m_time->setMinimumWidth(m_time->fontMetrics().horizontalAdvance(QStringLiteral("00:00:00")) +
-                            kTimePadding);
+    // That of the lag is kept too, so that the line beside it does not move when the lag comes and goes.
+    m_time->setMinimumWidth(
+        std::max(m_time->fontMetrics().horizontalAdvance(QStringLiteral("00:00:00")) + kTimePadding,
+                 m_lag->fontMetrics().horizontalAdvance(lagText(kFastest))));
 }
 
 void ReplayBar::setPlaying(bool playing)
@@ -215,6 +267,7 @@ void ReplayBar::jump()
 void ReplayBar::themeChanged()
 {
     setPlaying(m_playing);
+    styleLag();
 }
 
 } // namespace host

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/window/day_moments.h"
+#include "host/window/day_phases.h"
 #include "platform/resources/CUiResourceChangeHandler.h"
 
 #include <QFrame>
@@ -35,7 +36,15 @@ public:
     /// -1; the last one at an end.
     static double nextSpeed(double speed, int step);
 
+    /// Another day, without phases and gaps.
     void setDay(const DayRange& range);
+
+    /// What the line shows besides; see `DaySlider`.
+    void setPhases(std::vector<PhaseMark> phases);
+    void setGaps(std::vector<DayStretch> gaps);
+
+    /// Tells that the replay does not keep up, and with what speed it goes; 0 when it keeps up.
+    void setLag(double effectiveSpeed);
 
     /// Shows the moment of the replay, ms since 1970-01-01 UTC.
     void setMoment(std::int64_t moment);
@@ -74,12 +83,14 @@ private:
     void jump();
     void showTime(std::int64_t moment);
     void addSpeed(int place, double speed);
+    void styleLag();
 
     DayRange m_range;
     bool m_playing = false;
     QToolButton* m_play;
     QComboBox* m_speed;
     QLabel* m_time;
+    QLabel* m_lag;
     DaySlider* m_slider;
     QLineEdit* m_jump;
     QStackedWidget* m_stack;

@@ -23,6 +23,13 @@ struct DayRange
     std::int64_t end = 0;
 };
 
+/// A stretch of a day, ms since 1970-01-01 UTC.
+struct DayStretch
+{
+    std::int64_t begin = 0;
+    std::int64_t end = 0;
+};
+
 /// First and last moment of the rows, whole seconds that contain both, within the day that most rows are of.
 /// Empty (both 0) for a day without rows.
 DayRange dayRange(const feed::InstrumentDay& day);

@@ -36,11 +36,11 @@ protected:
     host::ReplayBar bar;
 };
 
-TEST_F(Bar, OffersSpeedsFromATenthToAHundredAndAsFastAsPossible)
+TEST_F(Bar, OffersSpeedsFromATenthToAThousandAndAsFastAsPossible)
 {
     const auto& speeds = host::ReplayBar::speeds();
     EXPECT_EQ(speeds.front(), 0.1);
-    EXPECT_EQ(speeds[speeds.size() - 2], 100);
+    EXPECT_EQ(speeds[speeds.size() - 2], 1000);
     EXPECT_EQ(speeds.back(), 0) << "as fast as possible";
     EXPECT_NE(std::find(speeds.begin(), speeds.end(), 60), speeds.end());
     EXPECT_EQ(bar.speed(), 1);
@@ -61,8 +61,8 @@ TEST_F(Bar, ShowsTheSpeedInForceThoughItCannotBeChosen)
     for (const Row& row :
          {Row{60, "60×", 8, choices}, Row{0.1, "0.1×", 0, choices}, Row{30, "30×", 8, choices + 1},
           Row{31, "31×", 8, choices + 1}, Row{31, "31×", 8, choices + 1}, Row{0.15, "0.15×", 1, choices + 1},
-          Row{100, "100×", 9, choices}, Row{150, "150×", 10, choices + 1}, Row{0, "最快", 10, choices},
-          Row{-1, "最快", 10, choices}}) {
+          Row{100, "100×", 9, choices}, Row{150, "150×", 10, choices + 1}, Row{0, "最快", 13, choices},
+          Row{-1, "最快", 13, choices}}) {
         bar.setSpeed(row.speed);
         EXPECT_EQ(bar.speed(), std::max(0.0, row.speed)) << row.text;
         EXPECT_EQ(choice->currentText().toStdString(), row.text);
@@ -80,9 +80,10 @@ TEST_F(Bar, KnowsTheSpeedsNextToAnother)
     EXPECT_EQ(ReplayBar::nextSpeed(30, 1), 60);
     EXPECT_EQ(ReplayBar::nextSpeed(30, -1), 20);
     EXPECT_EQ(ReplayBar::nextSpeed(0.1, -1), 0.1);
-    EXPECT_EQ(ReplayBar::nextSpeed(100, 1), 0);
+    EXPECT_EQ(ReplayBar::nextSpeed(100, 1), 200);
+    EXPECT_EQ(ReplayBar::nextSpeed(1000, 1), 0);
     EXPECT_EQ(ReplayBar::nextSpeed(0, 1), 0);
-    EXPECT_EQ(ReplayBar::nextSpeed(0, -1), 100);
+    EXPECT_EQ(ReplayBar::nextSpeed(0, -1), 1000);
 }
 
 TEST_F(Bar, TellsOfAChosenSpeed)
