@@ -123,6 +123,7 @@ void MainWindow::connectReplay()
 {
     connect(m_player.get(), &ReplayPlayer::halted, this, &MainWindow::onHalted);
     connect(m_player.get(), &ReplayPlayer::began, this, [this] {
+        m_groups.loaded();
         followReplay();
         Q_EMIT shown();
     });

@@ -2,6 +2,7 @@
 
 #include "host/window/TerminalServices.h"
 #include "host/window/panes/QueueCell.h"
+#include "host/window/state/pane_states.h"
 #include "platform/utils/exchange_time.h"
 #include "queue_view/CDepthOrderQueueWidget.h"
 
@@ -22,7 +23,9 @@ void PaneGroup::begin()
     std::vector<FeedHub::Receiver> receivers;
     for (Pane* pane : panes())
         receivers.push_back(pane->receiver());
+    receivers.push_back(receiverOf(m_watch));
     m_hub.setReceivers(std::move(receivers));
+    m_watch.setStock(m_day ? TerminalServices::keyOf(m_day->detail) : QString());
     if (!m_day)
         return;
     m_close = TerminalServices::closeOf(*m_day);
@@ -35,8 +38,13 @@ void PaneGroup::begin()
 
 void PaneGroup::follow(std::int64_t now)
 {
-    for (Pane* pane : panes())
+    m_watch.setClock(now);
+    m_watch.check();
+    const DataStateView state = viewOf(m_watch);
+    for (Pane* pane : panes()) {
         pane->follow();
+        showDataState(*pane, state);
+    }
     if (m_closeAsked || m_close < 0 || now < m_close)
         return;
     m_closeAsked = true;

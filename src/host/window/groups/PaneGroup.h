@@ -3,6 +3,7 @@
 #include "host/window/FeedHub.h"
 #include "host/window/day_moments.h"
 #include "host/window/groups/panel_wiring.h"
+#include "platform/services/CDataStateWatch.h"
 
 #include <cstdint>
 
@@ -19,6 +20,9 @@ public:
     const PanelWiring& wiring() const { return m_wiring; }
     const std::vector<Pane*>& panes() const { return m_wiring.panes(); }
 
+    /// The state of the group's data, which its panes show.
+    Kel::CDataStateWatch& watch() { return m_watch; }
+
     /// The instrument comes to the panes with the next `begin`.
     void setDay(int row, const DayPtr& day);
 
@@ -33,13 +37,17 @@ public:
     /// Empties the panes and gives them the day, and connects them with the feed. While nothing is delivered.
     void begin();
 
-    /// Lets the panes look at the clock (ms since 1970-01-01 UTC), and tells the queues of the close once it
-    /// is reached.
+    /// The history has been delivered.
+    void loaded() { m_watch.loaded(); }
+
+    /// Lets the panes look at the clock (ms since 1970-01-01 UTC), shows the state of the data in them, and
+    /// tells the queues of the close once it is reached.
     void follow(std::int64_t now);
 
 private:
     FeedHub m_hub;
     PanelWiring m_wiring;
+    Kel::CDataStateWatch m_watch;
     DayPtr m_day;
     int m_row = -1;
     DayRange m_range;

@@ -85,6 +85,12 @@ void PaneGroups::begin()
         group.begin();
 }
 
+void PaneGroups::loaded()
+{
+    for (PaneGroup& group : m_groups)
+        group.loaded();
+}
+
 void PaneGroups::follow(std::int64_t now)
 {
     for (PaneGroup& group : m_groups)

@@ -42,6 +42,7 @@ public:
     void clearDays();
 
     void begin();
+    void loaded();
     void follow(std::int64_t now);
 
     /// Records that the feeds have delivered.

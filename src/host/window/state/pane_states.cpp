@@ -1,6 +1,5 @@
 #include "host/window/state/pane_states.h"
 
-#include "host/window/panes/InformationPane.h"
 #include "host/window/panes/Pane.h"
 #include "host/window/state/PaneVeil.h"
 #include "host/window/state/StateBadge.h"
@@ -8,6 +7,16 @@
 #include <QDockWidget>
 
 namespace host {
+
+namespace {
+
+bool takesFeed(Pane& pane)
+{
+    const FeedHub::Receiver receiver = pane.receiver();
+    return receiver.orders || receiver.deals || receiver.quotes || receiver.quoteBatches || receiver.ladders;
+}
+
+} // namespace
 
 FeedHub::Receiver receiverOf(Kel::CDataStateWatch& watch)
 {
@@ -29,7 +38,7 @@ FeedHub::Receiver receiverOf(Kel::CDataStateWatch& watch)
 
 void showDataState(Pane& pane, const DataStateView& view)
 {
-    const DataStateView shown = qobject_cast<InformationPane*>(&pane) ? DataStateView() : view;
+    const DataStateView shown = takesFeed(pane) ? view : DataStateView();
     for (QWidget* up = pane.parentWidget(); up; up = up->parentWidget()) {
         auto* dock = qobject_cast<QDockWidget*>(up);
         if (!dock)

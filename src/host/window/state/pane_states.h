@@ -10,8 +10,8 @@ class Pane;
 /// What a watch takes of a feed. The watch must outlive the hub's calls.
 FeedHub::Receiver receiverOf(Kel::CDataStateWatch& watch);
 
-/// Shows a state in a pane: the badge of its title, and the veil over prices that are not current. The
-/// notices of an instrument are no prices and show none. Cheap while nothing changes. GUI thread.
+/// Shows a state in a pane: the badge of its title, and the veil over prices that are not current. A pane
+/// that takes nothing of the feed, such as the notices, shows none. Cheap while nothing changes. GUI thread.
 void showDataState(Pane& pane, const DataStateView& view);
 
 } // namespace host

@@ -1,6 +1,7 @@
 #include "host/window/workspace/PaneTitle.h"
 
 #include "host/window/bar_icons.h"
+#include "host/window/state/StateBadge.h"
 #include "host/window/workspace/PaneMenu.h"
 
 #include <QDockWidget>
@@ -15,6 +16,7 @@ namespace {
 constexpr int kHeight = 24; // pixels
 constexpr int kLeastWidth = 60;
 constexpr int kMargin = 8;
+constexpr int kWordFrom = 160; // narrower titles keep their room for the name
 constexpr int kButton = 18;
 constexpr int kIcon = 12;
 
@@ -24,6 +26,7 @@ PaneTitle::PaneTitle(QDockWidget* dock)
     : QWidget(dock),
       m_row(new QHBoxLayout(this)),
       m_name(new QLabel(dock->windowTitle(), this)),
+      m_badge(new StateBadge(this)),
       m_float(addButton(QStringLiteral("PaneFloat"), QStringLiteral("浮动或放回"))),
       m_close(addButton(QStringLiteral("PaneClose"), QStringLiteral("关闭窗格")))
 {
@@ -36,6 +39,7 @@ PaneTitle::PaneTitle(QDockWidget* dock)
     m_row->setContentsMargins(kMargin, 0, 2, 0);
     m_row->setSpacing(1);
     m_row->addWidget(m_name, 1);
+    m_row->addWidget(m_badge);
     m_row->addWidget(m_float);
     m_row->addWidget(m_close);
     connect(m_float, &QToolButton::clicked, dock, [dock] { dock->setFloating(!dock->isFloating()); });
@@ -49,6 +53,12 @@ void PaneTitle::addLeft(QWidget* mark)
 {
     m_row->insertWidget(0, mark);
     m_row->setContentsMargins(2, 0, 2, 0);
+}
+
+void PaneTitle::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    m_badge->setWordShown(width() >= kWordFrom);
 }
 
 QSize PaneTitle::sizeHint() const

@@ -9,6 +9,8 @@ class QToolButton;
 
 namespace host {
 
+class StateBadge;
+
 /// The title of a pane in the workspace: its name, and buttons that float and close it. Dragging it moves
 /// the pane, a double click floats it. GUI thread.
 class PaneTitle : public QWidget
@@ -24,14 +26,21 @@ public:
     /// Puts a mark before the name.
     void addLeft(QWidget* mark);
 
+    /// Tells the state of the data in the pane; in a narrow title without its word.
+    StateBadge& badge() { return *m_badge; }
+
     /// Draws the buttons in the theme's colours.
     void refreshIcons();
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     QToolButton* addButton(const QString& name, const QString& tip);
 
     QHBoxLayout* m_row;
     QLabel* m_name;
+    StateBadge* m_badge;
     QToolButton* m_float;
     QToolButton* m_close;
 };
