@@ -1,6 +1,5 @@
 #include "host/window/state/data_state_view.h"
 
-#include "host/window/language/TerminalLanguage.h"
 #include "platform/utils/exchange_time.h"
 
 namespace host {
@@ -39,12 +38,12 @@ const StateWords& wordsOf(Kel::EDataState state)
 
 QString sinceText(std::int64_t since)
 {
-    return since == 0 ? QString() : uiText("%1 起，").arg(utils::clockText(since, false));
+    return since == 0 ? QString() : utils::clockText(since, false) + QStringLiteral(" 起，");
 }
 
 QString filled(const char* text, const DataStateView& view)
 {
-    const QString words = uiText(text);
+    const QString words = QString::fromUtf8(text);
     return words.contains(QLatin1String("%1")) ? words.arg(sinceText(view.since)) : words;
 }
 
@@ -65,7 +64,7 @@ DataStateView viewOf(const Kel::CDataStateWatch& watch)
 
 QString stateWord(Kel::EDataState state)
 {
-    return uiText(wordsOf(state).word);
+    return QString::fromUtf8(wordsOf(state).word);
 }
 
 QString stateReason(const DataStateView& view)
@@ -73,9 +72,9 @@ QString stateReason(const DataStateView& view)
     QString text = stateWord(view.state);
     if (text.isEmpty())
         return text;
-    text += uiText("：") + filled(wordsOf(view.state).reason, view);
+    text += QStringLiteral("：") + filled(wordsOf(view.state).reason, view);
     if (view.missing > 0 && (view.state == Kel::eDataGap || view.state == Kel::eDataRebuilt))
-        text += uiText("（缺 %1 批）").arg(view.missing);
+        text += QStringLiteral("（缺 %1 批）").arg(view.missing);
     return text;
 }
 
