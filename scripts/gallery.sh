@@ -107,7 +107,6 @@ show colors-color-blind "Orange rises, blue falls: told apart by all common kind
 show colors-color-blind-light "The same in the light theme." --colors color-blind --theme light --pane ladder \
   --size 360x480
 show concise-queue "The concise style of a host's panels." --concise --pane queue --size 1000x360 --mode ten,first
-show concise-ladder "The concise style, the ladder." --concise --pane ladder --size 360x480
 
 bytes=$(cat "$new"/*.png | wc -c)
 if ((bytes > most_bytes)); then
