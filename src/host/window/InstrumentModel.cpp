@@ -1,5 +1,6 @@
 #include "host/window/InstrumentModel.h"
 
+#include "host/window/groups/GroupChip.h"
 #include "platform/resources/CUiResource.h"
 #include "platform/toolkit/number_formats.h"
 #include "platform/utils/CSingletonT.h"
@@ -64,10 +65,30 @@ void InstrumentModel::setMoment(std::int64_t moment)
         update(row);
 }
 
+void InstrumentModel::setGroups(const std::vector<int>& rows)
+{
+    if (rows == m_groups)
+        return;
+    m_groups = rows;
+    if (!m_rows.empty())
+        Q_EMIT dataChanged(index(0, eName), index(rowCount() - 1, eName), {Qt::DecorationRole});
+}
+
+QVariant InstrumentModel::marks(int row) const
+{
+    std::vector<int> groups;
+    for (std::size_t group = 0; group < m_groups.size(); ++group) {
+        if (m_groups[group] == row)
+            groups.push_back(static_cast<int>(group));
+    }
+    return groups.empty() ? QVariant() : QVariant(GroupChip::marks(groups));
+}
+
 void InstrumentModel::refreshColors()
 {
     if (!m_rows.empty())
-        Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, eColumns - 1), {Qt::ForegroundRole});
+        Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, eColumns - 1),
+                           {Qt::ForegroundRole, Qt::DecorationRole});
 }
 
 void InstrumentModel::update(int row)
@@ -100,6 +121,8 @@ QVariant InstrumentModel::data(const QModelIndex& index, int role) const
         return text(row, index.column());
     case Qt::ForegroundRole:
         return color(row, index.column());
+    case Qt::DecorationRole:
+        return index.column() == eName ? marks(index.row()) : QVariant();
     case Qt::TextAlignmentRole:
         return int(Qt::AlignVCenter | (index.column() >= eLastPrice ? Qt::AlignRight : Qt::AlignLeft));
     case Qt::ToolTipRole:

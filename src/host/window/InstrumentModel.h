@@ -36,6 +36,10 @@ public:
     /// Shows the prices of this moment, ms since 1970-01-01 UTC.
     void setMoment(std::int64_t moment);
 
+    /// The row that each linking group shows, -1 for none: their colours stand before the names. Empty for no
+    /// colours.
+    void setGroups(const std::vector<int>& rows);
+
     /// The theme has other colours now.
     void refreshColors();
 
@@ -55,9 +59,11 @@ private:
     static double previousClose(const Row& row);
     static QString text(const Row& row, int column);
     static QVariant color(const Row& row, int column);
+    QVariant marks(int row) const;
     void update(int row);
 
     std::vector<Row> m_rows;
+    std::vector<int> m_groups; ///< the row of each
     std::int64_t m_moment = 0;
 };
 

@@ -146,6 +146,11 @@ void MainWindow::showGroups()
             m_workspaces->dock(pane->id())->titleBarWidget()->findChild<GroupChip*>()->setGroup(group);
     }
     m_listChip->setGroup(m_group);
+    std::vector<int> rows;
+    for (int group = 0; group < PaneGroups::kCount; ++group)
+        rows.push_back(m_groups.isPlayed(group) && !m_sourceIsNew ? m_groups.at(group).row() : -1);
+    const bool several = std::count_if(rows.begin(), rows.end(), [](int row) { return row >= 0; }) > 1;
+    m_list->instruments().setGroups(several ? rows : std::vector<int>());
     showRowOfDay();
     if (const DayPtr shown = day())
         showTitle(shown->detail);
@@ -157,7 +162,7 @@ void MainWindow::showGroupMenu(Pane* pane, GroupChip* chip)
     for (int group = 0; group < PaneGroups::kCount; ++group) {
         const DayPtr& day = m_groups.at(group).day();
         QString text = GroupChip::name(group);
-        if (day && (group == 0 || !m_groups.at(group).panes().empty()))
+        if (m_groups.isPlayed(group))
             text += QStringLiteral("  ") + QString::fromStdString(day->detail.code + ' ' + day->detail.name);
         QAction* choice = menu.addAction(GroupChip::icon(group), text);
         connect(choice, &QAction::triggered, this, [this, pane, group] {

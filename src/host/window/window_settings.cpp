@@ -131,8 +131,8 @@ DeskState MainWindow::deskState() const
         const PaneGroup& one = m_groups.at(group);
         for (const Pane* pane : one.panes())
             desk.groups[pane->id()] = group;
-        const bool shown = one.day() && (group == 0 || !one.panes().empty());
-        desk.instruments.append(shown ? TerminalServices::keyOf(one.day()->detail) : QString());
+        desk.instruments.append(m_groups.isPlayed(group) ? TerminalServices::keyOf(one.day()->detail)
+                                                         : QString());
     }
     desk.windows = m_workspaces->state();
     return desk;

@@ -195,6 +195,25 @@ TEST_F(Groups, TheCurrentGroupIsThatOfThePaneThatWasUsedLast)
     EXPECT_EQ(chip("list")->group(), 1);
 }
 
+TEST_F(Groups, TheListMarksTheInstrumentsOfTheGroupsOnceThereAreSeveral)
+{
+    host::DealsPane* second = openSecond(3);
+    const QAbstractItemModel& model = *window->list().model();
+    const auto mark = [&model](int row) {
+        return model.index(row, host::InstrumentModel::eName).data(Qt::DecorationRole).value<QPixmap>();
+    };
+    ASSERT_FALSE(mark(0).isNull());
+    ASSERT_FALSE(mark(3).isNull());
+    EXPECT_TRUE(mark(1).isNull());
+    EXPECT_NE(mark(0).toImage().pixel(4, 4), mark(3).toImage().pixel(4, 4));
+    const int width = mark(0).width();
+    Q_EMIT window->list().chosen(0); // for the current group, the second
+    EXPECT_TRUE(waitUntil([&] { return mark(3).isNull(); }));
+    EXPECT_EQ(mark(0).width(), 2 * width) << "two groups show it";
+    window->linkPane(second, 0);
+    EXPECT_TRUE(mark(0).isNull()) << "one group needs no mark";
+}
+
 TEST_F(Groups, AnotherSourceBringsItsInstrumentToAllGroups)
 {
     host::DealsPane* second = openSecond(3);

@@ -62,6 +62,20 @@ QIcon GroupChip::icon(int group)
     return QIcon(pixmap);
 }
 
+QPixmap GroupChip::marks(const std::vector<int>& groups)
+{
+    constexpr int step = kMark + 2;
+    QPixmap pixmap(static_cast<int>(groups.size()) * step, kMark);
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    QRect room(0, 0, kMark, kMark);
+    for (const int group : groups) {
+        drawMark(painter, room, group);
+        room.translate(step, 0);
+    }
+    return pixmap;
+}
+
 void GroupChip::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <QPixmap>
 #include <QToolButton>
+
+#include <vector>
 
 namespace host {
 
@@ -19,6 +22,9 @@ public:
 
     /// A square in a group's colour, for menus and lists.
     static QIcon icon(int group);
+
+    /// The squares of several groups, one beside the other.
+    static QPixmap marks(const std::vector<int>& groups);
 
     /// "联动组 1" for 0.
     static QString name(int group);

@@ -7,15 +7,6 @@
 
 namespace host {
 
-namespace {
-
-bool isPlayed(const PaneGroup& group, bool first)
-{
-    return group.day() && (first || !group.panes().empty());
-}
-
-} // namespace
-
 QString PaneGroups::colorKey(int group)
 {
     return QString::fromLatin1(Kel::markColorKey(group));
@@ -41,12 +32,17 @@ void PaneGroups::link(Pane* pane, int group)
     to.wiring().add(pane);
 }
 
+bool PaneGroups::isPlayed(int group) const
+{
+    return at(group).day() && (group == 0 || !at(group).panes().empty());
+}
+
 std::vector<ReplayPart> PaneGroups::parts()
 {
     std::vector<ReplayPart> parts;
-    for (PaneGroup& group : m_groups) {
-        if (isPlayed(group, &group == &m_groups.front()))
-            parts.push_back(ReplayPart{group.day(), &group.hub()});
+    for (int group = 0; group < kCount; ++group) {
+        if (isPlayed(group))
+            parts.push_back(ReplayPart{at(group).day(), &at(group).hub()});
     }
     return parts;
 }
@@ -56,8 +52,7 @@ DayRange PaneGroups::range() const
     DayRange range = at(0).range();
     for (int group = 1; group < kCount; ++group) {
         const DayRange& other = at(group).range();
-        if (!isPlayed(at(group), false) ||
-            utils::exchangeDayStart(other.begin) != utils::exchangeDayStart(range.begin))
+        if (!isPlayed(group) || utils::exchangeDayStart(other.begin) != utils::exchangeDayStart(range.begin))
             continue;
         range.begin = std::min(range.begin, other.begin);
         range.end = std::max(range.end, other.end);

@@ -28,6 +28,9 @@ public:
     /// the pane. The pane's feed changes with the next `begin`.
     void link(Pane* pane, int group);
 
+    /// Whether a group's day is replayed: it has one, and panes; the first needs none.
+    bool isPlayed(int group) const;
+
     /// What is to be replayed: the days of the groups that have panes.
     std::vector<ReplayPart> parts();
 
