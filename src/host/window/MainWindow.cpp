@@ -127,6 +127,8 @@ void MainWindow::connectReplay()
         followReplay();
         Q_EMIT shown();
     });
+    connect(m_player.get(), &ReplayPlayer::stepped, this, &MainWindow::onStepped);
+    connect(m_player.get(), &ReplayPlayer::lagging, m_bar, &ReplayBar::setLag);
     connect(m_player.get(), &ReplayPlayer::ended, this, [this] {
         if (!m_player->playing()) // was not told to play on in the meantime
             setPlaying(false);
@@ -145,6 +147,7 @@ void MainWindow::connectReplay()
 
 void MainWindow::connectActions()
 {
+    connect(m_actions, &TerminalActions::commandAsked, this, &MainWindow::runCommand);
     connect(m_actions, &TerminalActions::modesChosen, this, &MainWindow::takeModes);
     connect(m_first.queue, &QueueCell::modesChanged, this,
             [this] { m_actions->showModes(m_first.queue->modes()); });
@@ -256,6 +259,7 @@ void MainWindow::restartReplay(std::int64_t at)
     m_services.setDays(days);
     m_range = m_groups.range();
     m_bar->setDay(m_range);
+    m_bar->setPhases(phases());
     m_regrouped = false;
     m_player->open(parts, at);
 }
@@ -367,6 +371,7 @@ void MainWindow::followReplay()
     m_bar->setMoment(now);
     m_list->instruments().setMoment(now);
     m_groups.follow(now);
+    showGaps();
 }
 
 void MainWindow::applyStyle()

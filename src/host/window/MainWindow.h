@@ -5,6 +5,7 @@
 #include "host/window/TerminalOptions.h"
 #include "host/window/TerminalServices.h"
 #include "host/window/day_moments.h"
+#include "host/window/day_phases.h"
 #include "host/window/groups/PaneGroups.h"
 #include "host/window/settings/TerminalSettings.h"
 #include "platform/resources/CUiResourceChangeHandler.h"
@@ -15,6 +16,7 @@
 #include <cstdint>
 #include <deque>
 #include <memory>
+#include <optional>
 #include <vector>
 
 class QDockWidget;
@@ -134,6 +136,9 @@ Q_SIGNALS:
     /// An instrument's history up to the moment of the replay has reached the panels.
     void shown();
 
+    /// A step of the replay is done, or there was no record to step to.
+    void stepped();
+
     /// The source that `start` loads cannot be loaded: there is nothing to show. What fails later is told in
     /// the message bar.
     void startFailed(const QString& reason);
@@ -172,6 +177,18 @@ private:
     void setSpeed(double speed);
     void openFolder(bool archive);
     std::int64_t firstMoment() const;
+
+    // Commands
+    void runCommand(const QString& id);
+    std::vector<PhaseMark> phases() const;
+    void stepReplay(EStep kind, bool back, int count);
+    void onStepped(bool done);
+    void goToPhase(EDayPhase phase);
+    void goToMark(const std::optional<PhaseMark>& mark);
+    void centerPanels();
+    void linkCurrentPane(int group);
+    void openWindow();
+    void showGaps();
 
     // What the menu does with panes
     void takeModes(const QueueModes& modes);

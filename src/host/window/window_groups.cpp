@@ -38,6 +38,10 @@ void MainWindow::makePanes()
     for (const PaneKind& kind : paneKinds())
         takePane(makePane(kind.id));
     m_actions->addPanes(m_workspaces->toggles());
+    QList<QPair<QString, QString>> kinds;
+    for (const PaneKind& kind : paneKinds())
+        kinds.append({kind.id, kind.title});
+    m_actions->addPaneKinds(kinds);
     m_first.queue = qobject_cast<QueueCell*>(pane(QStringLiteral("queue")));
     m_first.ladder = qobject_cast<LadderPane*>(pane(QStringLiteral("ladder")));
     m_first.deals = qobject_cast<DealsPane*>(pane(QStringLiteral("deals")));
@@ -49,7 +53,7 @@ void MainWindow::makePanes()
     m_first.information = qobject_cast<InformationPane*>(pane(QStringLiteral("information")));
     connect(m_workspaces, &Workspaces::windowOpened, this, [this](Workspace* window) {
         Zeb::giveSheet(window, windowStyleSheet());
-        window->addActions(m_actions->findChildren<QAction*>()); // for their keys
+        m_actions->serve(window);
     });
     connect(m_workspaces, &Workspaces::currentChanged, this, [this] {
         const Pane* current = m_workspaces->currentPane();
@@ -146,6 +150,7 @@ void MainWindow::showGroups()
             m_workspaces->dock(pane->id())->titleBarWidget()->findChild<GroupChip*>()->setGroup(group);
     }
     m_listChip->setGroup(m_group);
+    m_actions->showGroup(m_group + 1);
     std::vector<int> rows;
     for (int group = 0; group < PaneGroups::kCount; ++group)
         rows.push_back(m_groups.isPlayed(group) && !m_sourceIsNew ? m_groups.at(group).row() : -1);

@@ -22,6 +22,12 @@ int PaneGroups::groupOf(const Pane* pane) const
     return 0;
 }
 
+bool PaneGroups::contains(const Pane* pane) const
+{
+    const std::vector<Pane*>& panes = at(groupOf(pane)).panes();
+    return std::find(panes.begin(), panes.end(), pane) != panes.end();
+}
+
 void PaneGroups::link(Pane* pane, int group)
 {
     PaneGroup& from = of(*pane);
@@ -45,6 +51,14 @@ std::vector<ReplayPart> PaneGroups::parts()
             parts.push_back(ReplayPart{at(group).day(), &at(group).hub()});
     }
     return parts;
+}
+
+int PaneGroups::partOf(int group) const
+{
+    int part = 0;
+    for (int before = 0; before < group && isPlayed(group); ++before)
+        part += isPlayed(before) ? 1 : 0;
+    return part;
 }
 
 DayRange PaneGroups::range() const

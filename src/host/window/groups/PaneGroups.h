@@ -24,6 +24,9 @@ public:
     int groupOf(const Pane* pane) const;
     PaneGroup& of(const Pane& pane) { return at(groupOf(&pane)); }
 
+    /// Whether a pane is in a group.
+    bool contains(const Pane* pane) const;
+
     /// Puts a pane into a group, out of the one it is in. A group without an instrument takes over that of
     /// the pane. The pane's feed changes with the next `begin`.
     void link(Pane* pane, int group);
@@ -33,6 +36,9 @@ public:
 
     /// What is to be replayed: the days of the groups that have panes.
     std::vector<ReplayPart> parts();
+
+    /// The place of a group's day in `parts`; the first one for a group that is not played.
+    int partOf(int group) const;
 
     /// From the first begin to the last end of these days; the first group's alone, if another's is of a
     /// different date.
