@@ -21,6 +21,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <utility>
 
 namespace host {
 
@@ -246,7 +247,10 @@ void MainWindow::showDay(int index, const DayPtr& day)
     restartReplay(goesOn ? momentIn(m_groups.range(), timeOfDay) : firstMoment());
     if (first && m_options.playing)
         setPlaying(true);
-    loadNext();
+    if (std::exchange(m_otherWanted, false))
+        giveOtherInstrument(1);
+    else
+        loadNext();
 }
 
 /// The groups have other days, or other panes.

@@ -240,6 +240,7 @@ private:
     int m_group = 0;            ///< the current one
     int m_loading = 0;          ///< the group that a day is being loaded for
     std::deque<Wish> m_wishes;  ///< to be loaded after it
+    bool m_otherWanted = false; ///< the second group waits for a day to get another one
     bool m_regrouped = false;   ///< since the replay was started
     bool m_sourceIsNew = false; ///< the list is of a source of which no day is shown yet
     bool m_starting = false;    ///< the load that `start` began has not ended

@@ -240,7 +240,8 @@ void MainWindow::applyLayout(const QString& id)
     if (further.empty())
         return;
     showGroups();
-    if (!m_groups.at(0).day())
+    m_otherWanted = !m_groups.at(0).day();
+    if (m_otherWanted)
         return;
     if (moved)
         restartReplay(m_player->now());

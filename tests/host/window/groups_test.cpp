@@ -244,6 +244,16 @@ TEST_F(Groups, TheDeskOfTwoInstrumentsShowsTheNextOfTheListBesideTheFirst)
     EXPECT_EQ(second->modes().style, window->queue().modes().style);
 }
 
+TEST_F(Groups, TheDeskOfTwoInstrumentsBeginsWithTwo)
+{
+    open([](host::TerminalOptions& options) {
+        options.layout = QStringLiteral("pair");
+        options.given.layout = true;
+    });
+    EXPECT_TRUE(waitUntil([&] { return groups().at(1).row() == 1 && shown > 0; }));
+    EXPECT_EQ(groups().at(0).row(), 0);
+}
+
 TEST_F(Groups, ThereAreNinePanesOfAKindAtMost)
 {
     ASSERT_TRUE(openAt(10, 30));

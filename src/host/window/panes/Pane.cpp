@@ -31,6 +31,12 @@ QSize Pane::minimumSizeHint() const
     return kLeast;
 }
 
+void Pane::setSeen(bool seen)
+{
+    if (QWidget* panel = contentWidget())
+        panel->setVisible(seen);
+}
+
 bool Pane::handleEvent(int id, int first, int second, QString text, void* pointer)
 {
     if (m_answer && m_answer(*this, id, first, second, text))

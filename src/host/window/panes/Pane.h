@@ -72,6 +72,10 @@ public:
     /// What can be written to files.
     virtual std::vector<PaneTable> tables() const { return {}; }
 
+    /// Whether the pane can be seen, or lies behind another tab: its panel rests then. The pane keeps its
+    /// place.
+    void setSeen(bool seen);
+
     /// Room that the pane wants, pixels at 100 %.
     QSize sizeHint() const override { return m_wanted; }
     QSize minimumSizeHint() const override;

@@ -44,11 +44,12 @@ QDockWidget* Workspace::add(const QString& id, const QString& title, QWidget* wi
     dock->setProperty("pane", id);
     dock->setWidget(widget);
     dock->setTitleBarWidget(new PaneTitle(dock));
-    // A pane behind another tab is not seen: its panel rests.
-    connect(dock, &QDockWidget::visibilityChanged, widget, [dock, widget](bool seen) {
-        // A pane that begins to float is called unseen as long as it stands where it was as a tab.
-        widget->setVisible(seen || (dock->isFloating() && dock->isVisible()));
-    });
+    if (auto* pane = qobject_cast<Pane*>(widget)) {
+        connect(dock, &QDockWidget::visibilityChanged, pane, [dock, pane](bool seen) {
+            // A pane that begins to float is called unseen as long as it stands where it was as a tab.
+            pane->setSeen(seen || (dock->isFloating() && dock->isVisible()));
+        });
+    }
     addDockWidget(Qt::LeftDockWidgetArea, dock);
     dock->hide();
     m_docks.push_back(dock);
