@@ -39,9 +39,9 @@ const std::vector<Layout>& shippedLayouts()
           {{cell(100, {"deals"})}, 400}}},
         {QStringLiteral("pair"),
          QStringLiteral("双品种台"),
-         {{{cell(45, {"list"}), cell(55, {"levels", "levels#2"})}, 290},
-          {{cell(60, {"queue"}), cell(40, {"deals"})}, 655},
-          {{cell(60, {"queue#2"}), cell(40, {"deals#2"})}, 655}}},
+         {{{cell(45, {"list"}), cell(55, {"levels", "levels#2"})}, 330},
+          {{cell(60, {"queue"}), cell(40, {"deals"})}, 635},
+          {{cell(60, {"queue#2"}), cell(40, {"deals#2"})}, 635}}},
     };
     return layouts;
 }
