@@ -20,6 +20,7 @@ constexpr int kStatusHistory = 3;
 constexpr int kStatusSnapshot = -1;
 
 constexpr std::size_t kMostLiveOrders = 100;
+constexpr std::size_t kOrdersLookedAt = 2000; // for one that stands, before the ones ahead of them
 constexpr std::size_t kSmallestHistoryBatch = 2 * kMostLiveOrders;
 
 Kel::MetaCacheDataWrapperPtr wrapped(quoter::QuoterBatch records, const nelservice::CInstrumentDetail& detail)
@@ -339,28 +340,48 @@ void ReplaySession::deliverHistory(const Position& to)
 }
 
 /// Whether any of the orders so far has a rest that was neither dealt nor cancelled. Of records that are no
-/// standing orders none is left, whatever their volume.
+/// standing orders none is left, whatever their volume. The latest orders are looked at first: one of them
+/// nearly always stands.
 bool ReplaySession::anyOrderStands(const Position& at) const
 {
-    absl::flat_hash_map<std::int64_t, double> ended;
-    for (std::size_t i = 0; i < at.deals; ++i) {
-        const DealRow& row = m_day.deals[i];
-        const auto volume = static_cast<double>(row.volume);
-        if (row.buyNo != 0)
-            ended[row.buyNo] += volume;
-        if (row.sellNo != 0 && row.sellNo != row.buyNo)
-            ended[row.sellNo] += volume;
-    }
-    return std::any_of(m_day.orders.begin(), m_day.orders.begin() + static_cast<std::ptrdiff_t>(at.orders),
-                       [&](const OrderRow& row) {
-                           if ((row.side != 1 && row.side != 2) || row.kind == quoter::eOrderNotStanding)
-                               return false;
-                           const auto it = ended.find(row.number);
-                           return it == ended.end() || it->second < static_cast<double>(row.volume);
-                       });
+    const std::size_t latest = at.orders - std::min(at.orders, kOrdersLookedAt);
+    return anyOrderStands(at, latest, at.orders) || anyOrderStands(at, 0, latest);
 }
 
-/// A load of a channel, `calls` being its count of calls; a batch ends where numbers are skipped.
+bool ReplaySession::anyOrderStands(const Position& at, std::size_t begin, std::size_t end) const
+{
+    struct Rest
+    {
+        double volume = 0;
+        bool touched = false; // by a deal or a cancellation
+    };
+    if (begin == end)
+        return false;
+    absl::flat_hash_map<std::int64_t, Rest> rests;
+    for (std::size_t i = begin; i < end; ++i) {
+        const OrderRow& row = m_day.orders[i];
+        if ((row.side == 1 || row.side == 2) && row.kind != quoter::eOrderNotStanding) {
+            Rest& rest = rests[row.number];
+            rest.volume = std::max(rest.volume, static_cast<double>(row.volume));
+        }
+    }
+    const auto take = [&rests](std::int64_t number, std::int64_t volume) {
+        const auto found = number != 0 ? rests.find(number) : rests.end();
+        if (found == rests.end())
+            return;
+        found->second.volume -= static_cast<double>(volume);
+        found->second.touched = true;
+    };
+    for (std::size_t i = 0; i < at.deals; ++i) {
+        const DealRow& row = m_day.deals[i];
+        take(row.buyNo, row.volume);
+        if (row.sellNo != row.buyNo)
+            take(row.sellNo, row.volume);
+    }
+    return std::any_of(rests.begin(), rests.end(),
+                       [](const auto& rest) { return !rest.second.touched || rest.second.volume > 0; });
+}
+
 template <class Send>
 void ReplaySession::sendHistory(std::size_t count, const std::vector<ReplayGaps::Skip>& skips, int& calls,
                                 Send send)

@@ -136,6 +136,7 @@ private:
     void start();
     void load(const Position& to);
     bool anyOrderStands(const Position& at) const;
+    bool anyOrderStands(const Position& at, std::size_t begin, std::size_t end) const;
     void deliverUpTo(const Position& to);
     void deliverLive(const Position& to);
     void deliverHistory(const Position& to);

@@ -174,6 +174,30 @@ TEST(ReplaySession, ALoadIsRepeatedUntilAnOrderIsLeftStanding)
     EXPECT_THAT(sink.take(), ElementsAre("deals 5 s1 310:4"));
 }
 
+TEST(ReplaySession, AnOldOrderThatStandsEndsTheLoads)
+{
+    InstrumentDay day = dayOf("");
+    day.detail.market = "SH";
+    for (int i = 1; i <= 5000; ++i) { // all but the first are dealt at once
+        day.orders.push_back({i, 2 * i, i, 10, 100, 1, 1});
+        if (i > 1)
+            day.deals.push_back({i, 2 * i + 1, 10, 100, i, i, 900001, 0, 1});
+    }
+    day.orders.push_back({6000, 20000, 5001, 10, 100, 1, 1});
+    RecordingSink sink;
+    ReplaySession session(day, sink);
+    session.startAt(5500);
+    sink.take();
+    session.advanceTo(6000);
+    EXPECT_THAT(sink.take(), ElementsAre(testing::EndsWith("s1 6000:5001"))) << "no load again";
+    day.deals.insert(day.deals.begin(), {1, 3, 10, 100, 1, 1, 900001, 0, 1});
+    ReplaySession other(day, sink);
+    other.startAt(5500);
+    sink.take();
+    other.advanceTo(6000);
+    EXPECT_EQ(sink.take().size(), 3U) << "deals, orders and the empty batch of a load";
+}
+
 TEST(ReplaySession, ARecordThatIsNoStandingOrderEndsNoLoad)
 {
     InstrumentDay day = dayOf("o110 o210 o310");
