@@ -438,3 +438,18 @@ TEST_F(DataState, AStateBeganAtTheClockOfItsFirstCheck)
     m_watch.check();
     EXPECT_EQ(m_watch.since(), at(10, 0));
 }
+
+TEST_F(DataState, AGapBeginsWithTheFirstOfItsJumps)
+{
+    load();
+    orders(3, kLive, at(10, 0, 5));
+    orders(6, kLive, at(10, 0, 7));
+    EXPECT_EQ(state(), eDataGap);
+    EXPECT_EQ(m_watch.since(), at(10, 0));
+    ASSERT_EQ(m_watch.gaps().size(), 2u);
+    EXPECT_EQ(m_watch.gaps()[1].from, at(10, 0, 5));
+    snapshot(1, at(10, 0, 9));
+    orders(9, kLive, at(10, 0, 10));
+    EXPECT_EQ(state(), eDataGap);
+    EXPECT_EQ(m_watch.since(), at(10, 0, 7));
+}
