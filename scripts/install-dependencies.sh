@@ -5,7 +5,7 @@ set -euo pipefail
 
 packages=(
   build-essential cmake ninja-build pkg-config ccache lld python3
-  qtbase5-dev libqt5svg5-dev fonts-dejavu-core fonts-wqy-microhei
+  qtbase5-dev libqt5svg5-dev qttools5-dev qttools5-dev-tools fonts-dejavu-core fonts-wqy-microhei
   liblog4cxx-dev libbson-dev libzstd-dev libcli11-dev libabsl-dev nlohmann-json3-dev
   libboost-dev libboost-thread-dev libboost-system-dev libboost-chrono-dev
 )

@@ -2,6 +2,7 @@
 
 #include "host/commands/commands.h"
 #include "host/window/MainWindow.h"
+#include "host/window/settings/TerminalSettings.h"
 #include "host/window/workspace/layouts.h"
 #include "platform/utils/exchange_time.h"
 
@@ -28,6 +29,8 @@ struct Texts
     std::string size;
     std::string theme = "dark";
     std::string colors = "red-up";
+    std::string language = "zh";
+    int fontPercent = 100;
     std::string layout = "queue";
     std::string externalData;
     std::string settings;
@@ -121,6 +124,11 @@ void addLook(CLI::App& app, Texts& texts)
         ->delimiter(',')
         ->check(CLI::IsMember(host::modeWords()))
         ->type_name("WORD,...");
+    app.add_option("--language", texts.language, "Of menus, messages and dialogs: zh or en (zh)")
+        ->check(CLI::IsMember({"zh", "en"}));
+    app.add_option("--font-scale", texts.fontPercent, "Size of all fonts, per cent of the usual one (100)")
+        ->check(CLI::Range(host::kLeastFontPercent, host::kMostFontPercent))
+        ->type_name("PERCENT");
     app.add_option("--layout", texts.layout, "Of the panes: queue, tick, chart (queue)")
         ->check(CLI::IsMember(layoutIds()));
     app.add_option("--size", texts.size, "Of the window, pixels at 100 % (1600x960)")->type_name("WxH");
@@ -188,6 +196,8 @@ std::string take(const Texts& texts, host::TerminalOptions& options)
     options.playing = !texts.paused;
     options.theme = QString::fromStdString(texts.theme);
     options.colors = priceColors().at(texts.colors);
+    options.language = QString::fromStdString(texts.language);
+    options.fontPercent = texts.fontPercent;
     options.layout = QString::fromStdString(texts.layout);
     options.settingsFile = QString::fromStdString(texts.settings);
     options.externalData = QString::fromStdString(texts.externalData);
@@ -231,8 +241,9 @@ bool readArguments(int argc, char** argv, host::TerminalOptions& options, int& e
     try {
         app.parse(argc, argv);
         wrong = take(texts, options);
-        options.given = {app.count("--theme") > 0, app.count("--colors") > 0, app.count("--mode") > 0,
-                         app.count("--layout") > 0};
+        options.given = {app.count("--theme") > 0,    app.count("--colors") > 0,
+                         app.count("--mode") > 0,     app.count("--layout") > 0,
+                         app.count("--language") > 0, app.count("--font-scale") > 0};
     } catch (const CLI::Success& request) {
         exitCode = app.exit(request, out, err);
         return false;

@@ -1,6 +1,8 @@
 #include "host/window/DaySlider.h"
 
 #include "host/window/day_labels.h"
+#include "host/window/language/TerminalLanguage.h"
+#include "host/window/window_style.h"
 #include "platform/resources/CUiResource.h"
 #include "platform/utils/CSingletonT.h"
 #include "platform/utils/exchange_time.h"
@@ -39,7 +41,7 @@ constexpr int kLeastGap = 2;     // width of a gap in the data
 constexpr int kReach = 4;        // of the pointer, from a mark
 constexpr int kMarkTop = 19;
 constexpr int kMarkLength = 3;
-constexpr int kHeight = 40;
+constexpr int kTextRoom = 18; // below the marks, for texts of the usual size
 constexpr int kMinimumWidth = 160;
 constexpr int kMarkGap = 8; // between two texts
 constexpr int kPageSeconds = 300;
@@ -62,12 +64,20 @@ int labelRoom()
     return std::max(0, QFontMetrics(themeFont()).height() - kLabelOverlap);
 }
 
+int neededHeight()
+{
+    return labelRoom() + kMarkTop + kMarkLength + sizeOfText(kTextRoom);
+}
+
 } // namespace
 
 DaySlider::DaySlider(QWidget* parent) : QSlider(Qt::Horizontal, parent)
 {
     setFocusPolicy(Qt::StrongFocus);
-    setAccessibleName(QStringLiteral("回放时间"));
+    keepSaid(this, [this] {
+        setAccessibleName(uiText("回放时间"));
+        update(); // the names of the phases
+    });
     setPageStep(kPageSeconds);
     setSingleStep(kStepSeconds);
     m_rest.setSingleShot(true);
@@ -107,7 +117,7 @@ QString DaySlider::tipAt(int x) const
         return QString();
     for (const DayStretch& gap : gapsShown()) {
         if (x >= xOf(gap.begin) - kReach && x <= std::max(xOf(gap.end), xOf(gap.begin) + kLeastGap) + kReach)
-            return QStringLiteral("数据缺口 %1 – %2")
+            return uiText("数据缺口 %1 – %2")
                 .arg(utils::clockText(gap.begin, false), utils::clockText(gap.end, false));
     }
     const PhaseMark* nearest = nullptr;
@@ -117,7 +127,7 @@ QString DaySlider::tipAt(int x) const
             nearest = &mark;
     }
     if (nearest)
-        return nearest->name + QLatin1Char(' ') + utils::clockText(nearest->moment, false);
+        return uiText(nearest->name) + QLatin1Char(' ') + utils::clockText(nearest->moment, false);
     return utils::clockText(momentAt(x), false);
 }
 
@@ -172,12 +182,12 @@ std::int64_t DaySlider::momentAt(int x) const
 
 QSize DaySlider::sizeHint() const
 {
-    return QSize(kMinimumWidth * 2, labelRoom() + kHeight);
+    return QSize(kMinimumWidth * 2, neededHeight());
 }
 
 QSize DaySlider::minimumSizeHint() const
 {
-    return QSize(kMinimumWidth, labelRoom() + kHeight);
+    return QSize(kMinimumWidth, neededHeight());
 }
 
 void DaySlider::themeChanged()

@@ -1,5 +1,8 @@
 #include "host/window/InstrumentList.h"
 
+#include "host/window/language/TerminalLanguage.h"
+#include "host/window/window_style.h"
+
 #include <QEvent>
 #include <QHeaderView>
 
@@ -9,8 +12,9 @@ namespace {
 
 constexpr int kRestMs = 150;   // the cursor rests when it has not moved for so long
 constexpr int kRowHeight = 26; // pixels
-constexpr int kCodeWidth = 60;
-constexpr int kPriceWidth = 64;
+constexpr int kCodeText = 40;  // of six digits
+constexpr int kPriceText = 44;
+constexpr int kLeastColumn = 30; // pixels
 constexpr int kCellPadding = 20; // left and right of a text together
 const QString kWidestChange = QStringLiteral("+1000.00%");
 
@@ -19,7 +23,7 @@ const QString kWidestChange = QStringLiteral("+1000.00%");
 InstrumentList::InstrumentList(QWidget* parent) : QTableView(parent), m_model(new InstrumentModel(this))
 {
     setObjectName(QStringLiteral("InstrumentList"));
-    setAccessibleName(QStringLiteral("证券列表"));
+    keepSaid(this, [this] { setAccessibleName(uiText("证券列表")); });
     setModel(m_model);
     setSelectionBehavior(QAbstractItemView::SelectRows);
     setSelectionMode(QAbstractItemView::SingleSelection);
@@ -29,17 +33,14 @@ InstrumentList::InstrumentList(QWidget* parent) : QTableView(parent), m_model(ne
     setFrameShape(QFrame::NoFrame);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     verticalHeader()->hide();
-    verticalHeader()->setDefaultSectionSize(kRowHeight);
     horizontalHeader()->setHighlightSections(false);
     horizontalHeader()->setSectionsClickable(false);
-    horizontalHeader()->setMinimumSectionSize(kCodeWidth / 2);
+    horizontalHeader()->setMinimumSectionSize(kLeastColumn);
     horizontalHeader()->setSectionResizeMode(InstrumentModel::eCode, QHeaderView::Fixed);
     horizontalHeader()->setSectionResizeMode(InstrumentModel::eName, QHeaderView::Stretch);
     horizontalHeader()->setSectionResizeMode(InstrumentModel::eLastPrice, QHeaderView::Fixed);
     horizontalHeader()->setSectionResizeMode(InstrumentModel::eChange, QHeaderView::Fixed);
-    setColumnWidth(InstrumentModel::eCode, kCodeWidth);
-    setColumnWidth(InstrumentModel::eLastPrice, kPriceWidth);
-    fitChangeColumn();
+    fitTexts();
 
     m_rest.setSingleShot(true);
     m_rest.setInterval(kRestMs);
@@ -68,8 +69,11 @@ void InstrumentList::setShown(int row)
     m_quiet = false;
 }
 
-void InstrumentList::fitChangeColumn()
+void InstrumentList::fitTexts()
 {
+    verticalHeader()->setDefaultSectionSize(sizeOfText(kRowHeight));
+    setColumnWidth(InstrumentModel::eCode, sizeOfText(kCodeText) + kCellPadding);
+    setColumnWidth(InstrumentModel::eLastPrice, sizeOfText(kPriceText) + kCellPadding);
     setColumnWidth(InstrumentModel::eChange, fontMetrics().horizontalAdvance(kWidestChange) + kCellPadding);
 }
 
@@ -77,7 +81,7 @@ void InstrumentList::changeEvent(QEvent* event)
 {
     QTableView::changeEvent(event);
     if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
-        fitChangeColumn();
+        fitTexts();
 }
 
 void InstrumentList::onCursor(int row)

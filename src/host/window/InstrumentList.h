@@ -30,7 +30,7 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
-    void fitChangeColumn();
+    void fitTexts();
     void onCursor(int row);
     void choose();
 

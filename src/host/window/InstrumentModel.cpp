@@ -1,6 +1,7 @@
 #include "host/window/InstrumentModel.h"
 
 #include "host/window/groups/GroupChip.h"
+#include "host/window/language/TerminalLanguage.h"
 #include "platform/resources/CUiResource.h"
 #include "platform/toolkit/number_formats.h"
 #include "platform/utils/CSingletonT.h"
@@ -182,13 +183,13 @@ QVariant InstrumentModel::headerData(int section, Qt::Orientation orientation, i
         return {};
     switch (section) {
     case eCode:
-        return QStringLiteral("代码");
+        return uiText("代码");
     case eName:
-        return QStringLiteral("名称");
+        return uiText("名称");
     case eLastPrice:
-        return QStringLiteral("最新");
+        return uiText("最新");
     case eChange:
-        return QStringLiteral("涨跌幅");
+        return uiText("涨跌幅");
     default:
         return {};
     }

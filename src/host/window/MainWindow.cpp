@@ -4,9 +4,11 @@
 #include "host/window/MessageBar.h"
 #include "host/window/ReplayBar.h"
 #include "host/window/TerminalActions.h"
+#include "host/window/language/TerminalLanguage.h"
 #include "host/window/panes/DealsPane.h"
 #include "host/window/panes/InformationPane.h"
 #include "host/window/panes/QueueCell.h"
+#include "host/window/settings/applied_look.h"
 #include "host/window/window_style.h"
 #include "host/window/workspace/Workspace.h"
 #include "host/window/workspace/Workspaces.h"
@@ -29,7 +31,7 @@ namespace {
 
 constexpr int kFollowMs = 100; // between two looks at the replay's time
 constexpr QSize kUsualSize(1600, 960);
-const QString kTitle = QStringLiteral("深度行情终端");
+constexpr const char* kTitle = "深度行情终端";
 constexpr std::int64_t kUsualTimeOfDay = (9 * 60 + 30) * 60 * utils::kMSecPerSecond; // the open
 
 Zeb::CUiResource& theme()
@@ -51,10 +53,9 @@ MainWindow::MainWindow(const TerminalOptions& options)
       m_actions(new TerminalActions(this))
 {
     setObjectName(QStringLiteral("MainWindow"));
-    setWindowTitle(kTitle);
     loadSettings();
-    theme().setTheme(m_options.theme);
-    theme().setPriceColors(m_options.colors);
+    takeLook(m_options, m_settings);
+    applyLook(m_settings, m_services);
     Kel::setExternalDataDir(options.externalData);
     makePanes();
     makeLayout();
@@ -62,6 +63,7 @@ MainWindow::MainWindow(const TerminalOptions& options)
     connectLoader();
     connectReplay();
     connectActions();
+    connectSettings();
     takeModes(m_options.modes);
     setSpeed(options.speed);
     resize(options.size.isEmpty() ? kUsualSize : options.size);
@@ -139,8 +141,7 @@ void MainWindow::connectReplay()
     connect(m_bar, &ReplayBar::playClicked, this, [this] { setPlaying(!m_player->playing()); });
     connect(m_bar, &ReplayBar::speedChosen, this, &MainWindow::setSpeed);
     connect(m_bar, &ReplayBar::timeRefused, this, [this](const QString& text) {
-        m_messages->showError(QStringLiteral("不是时间：") + text +
-                              QStringLiteral("（例如 10:30 或 09:25:03）"));
+        m_messages->showError(uiText("不是时间：%1（例如 10:30 或 09:25:03）").arg(text));
     });
     connect(&m_follow, &QTimer::timeout, this, &MainWindow::followReplay);
     m_follow.start(kFollowMs);
@@ -206,8 +207,8 @@ void MainWindow::openSource(const DaySource& source)
 
 void MainWindow::openFolder(bool archive)
 {
-    const QString folder = QFileDialog::getExistingDirectory(
-        this, archive ? QStringLiteral("打开日档案") : QStringLiteral("导入行情文件夹"));
+    const QString folder =
+        QFileDialog::getExistingDirectory(this, archive ? uiText("打开日档案") : uiText("导入行情文件夹"));
     if (folder.isEmpty())
         return;
     DaySource source;
@@ -268,18 +269,28 @@ void MainWindow::restartReplay(std::int64_t at)
     m_player->open(parts, at);
 }
 
+void MainWindow::sayTitle()
+{
+    const DayPtr shown = day();
+    if (shown)
+        showTitle(shown->detail);
+    else
+        setWindowTitle(uiText(kTitle));
+}
+
 void MainWindow::showTitle(const nelservice::CInstrumentDetail& detail)
 {
-    setWindowTitle(QString::fromStdString(detail.name + ' ' + detail.code) + QStringLiteral(" — ") + kTitle);
+    setWindowTitle(QString::fromStdString(detail.name + ' ' + detail.code) + QStringLiteral(" — ") +
+                   uiText(kTitle));
 }
 
 /// A queue that stays empty has its reason in the day.
 void MainWindow::tellWhatIsMissing(const feed::InstrumentDay& day)
 {
     if (day.snapshots.empty())
-        m_messages->showError(QStringLiteral("此日没有盘口快照，引擎不知道十档价格：委托队列为空"));
+        m_messages->showError(uiText("此日没有盘口快照，引擎不知道十档价格：委托队列为空"));
     else if (day.orders.empty() && day.queues.empty())
-        m_messages->showError(QStringLiteral("此日没有逐笔委托，也没有公布的队列：委托队列为空"));
+        m_messages->showError(uiText("此日没有逐笔委托，也没有公布的队列：委托队列为空"));
     else
         m_messages->hide();
 }
@@ -317,7 +328,7 @@ void MainWindow::onCancelled()
     m_starting = false;
     m_bar->setLoaded();
     showRowOfDay();
-    m_messages->showNote(QStringLiteral("已取消载入"));
+    m_messages->showNote(uiText("已取消载入"));
     endLoading();
 }
 

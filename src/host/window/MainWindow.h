@@ -204,6 +204,12 @@ private:
     // What is remembered
     void loadSettings();
     void storeSettings();
+    void connectSettings();
+    void openSettings();
+    void applySettings(const TerminalSettings& wanted);
+    void showKeys();
+    void showAbout();
+    void sayTitle();
     DeskState deskState() const;
     void restoreDesk(const DeskState& desk, const QByteArray& panes);
     void goOnWithGroups();

@@ -1,5 +1,7 @@
 #include "host/window/MessageBar.h"
 
+#include "host/window/language/TerminalLanguage.h"
+
 #include <QAccessible>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -32,8 +34,10 @@ MessageBar::MessageBar(QWidget* parent)
     m_close->setFocusPolicy(Qt::NoFocus);
     m_close->setAutoRaise(true);
     m_close->setText(QStringLiteral("✕"));
-    m_close->setToolTip(QStringLiteral("关闭提示（Esc）"));
-    m_close->setAccessibleName(m_close->toolTip());
+    keepSaid(m_close, [this] {
+        m_close->setToolTip(uiText("关闭提示（Esc）"));
+        m_close->setAccessibleName(m_close->toolTip());
+    });
 
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(kSideMargin, kTopMargin, kTopMargin, kTopMargin);

@@ -2,12 +2,14 @@
 
 #include "host/window/DaySlider.h"
 #include "host/window/bar_icons.h"
+#include "host/window/language/TerminalLanguage.h"
 #include "platform/resources/CUiResource.h"
 #include "platform/toolkit/style_sheets.h"
 #include "platform/utils/CSingletonT.h"
 #include "platform/utils/exchange_time.h"
 
 #include <QComboBox>
+#include <QFontMetrics>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -23,9 +25,10 @@ namespace host {
 
 namespace {
 
+constexpr const char* kFont = "fnt_default_normal";
 constexpr int kMargin = 10;       // pixels
 constexpr int kSpacing = 10;      // pixels
-constexpr int kJumpWidth = 96;    // pixels
+constexpr int kJumpPadding = 20;  // pixels
 constexpr int kPlaySize = 30;     // pixels
 constexpr int kIconSize = 16;     // pixels
 constexpr int kPerMille = 1000;   // of the progress bar
@@ -37,7 +40,12 @@ constexpr const char* kLagFont = "fnt_graph_axis_text";
 
 QString lagText(double speed)
 {
-    return QStringLiteral("滞后，实际 %1 倍").arg(speed, 0, 'f', speed < kWholeFrom ? 1 : 0);
+    return uiText("滞后，实际 %1 倍").arg(speed, 0, 'f', speed < kWholeFrom ? 1 : 0);
+}
+
+QString speedText(double speed)
+{
+    return speed > 0 ? QString::number(speed) + QStringLiteral("×") : uiText("最快");
 }
 
 } // namespace
@@ -92,8 +100,6 @@ void ReplayBar::makeControls()
 {
     m_play->setFixedSize(kPlaySize, kPlaySize);
     m_play->setIconSize(QSize(kIconSize, kIconSize));
-    m_speed->setAccessibleName(QStringLiteral("回放速度"));
-    m_speed->setToolTip(QStringLiteral("回放速度（Ctrl+↑ / Ctrl+↓）"));
     m_speed->setMaxVisibleItems(static_cast<int>(speeds().size()) + 1);
     for (const double speed : speeds())
         addSpeed(m_speed->count(), speed);
@@ -107,17 +113,35 @@ void ReplayBar::makeControls()
     styleLag();
 
     m_jump->setObjectName(QStringLiteral("ReplayJump"));
-    m_jump->setPlaceholderText(QStringLiteral("跳到 09:30:00"));
-    m_jump->setAccessibleName(QStringLiteral("跳到时间"));
-    m_jump->setToolTip(QStringLiteral("输入时间后回车（Ctrl+G）"));
-    m_jump->setFixedWidth(kJumpWidth);
 
     m_progress->setRange(0, kPerMille);
     m_progress->setTextVisible(true);
-    m_progress->setFormat(QStringLiteral("载入中 %p%"));
-    m_progress->setAccessibleName(QStringLiteral("载入进度"));
-    m_cancel->setText(QStringLiteral("取消"));
     m_cancel->setObjectName(QStringLiteral("CancelLoading"));
+    keepSaid(this, [this] { say(); });
+}
+
+/// Keys are not named: a person may have given the commands others.
+void ReplayBar::say()
+{
+    m_speed->setAccessibleName(uiText("回放速度"));
+    m_speed->setToolTip(uiText("回放速度"));
+    for (int i = 0; i < m_speed->count(); ++i)
+        m_speed->setItemText(i, speedText(m_speed->itemData(i).toDouble()));
+    m_jump->setPlaceholderText(uiText("跳到 09:30:00"));
+    m_jump->setAccessibleName(uiText("跳到时间"));
+    m_jump->setToolTip(uiText("输入时间后回车"));
+    m_progress->setFormat(uiText("载入中 %p%"));
+    m_progress->setAccessibleName(uiText("载入进度"));
+    m_cancel->setText(uiText("取消"));
+    fitTexts();
+    setPlaying(m_playing);
+}
+
+void ReplayBar::fitTexts()
+{
+    const QFont font = *utils::CSingletonT<Zeb::CUiResource>::instance().getFont(QString::fromLatin1(kFont));
+    m_jump->setFixedWidth(QFontMetrics(font).horizontalAdvance(m_jump->placeholderText()) + kJumpPadding);
+    m_slider->updateGeometry();
 }
 
 void ReplayBar::makeLayout()
@@ -200,15 +224,14 @@ void ReplayBar::setPlaying(bool playing)
 {
     m_playing = playing;
     m_play->setIcon(playing ? pauseIcon() : playIcon());
-    const QString what = playing ? QStringLiteral("暂停") : QStringLiteral("播放");
+    const QString what = playing ? uiText("暂停") : uiText("播放");
     m_play->setAccessibleName(what);
-    m_play->setToolTip(what + QStringLiteral("（空格）"));
+    m_play->setToolTip(what);
 }
 
 void ReplayBar::addSpeed(int place, double speed)
 {
-    const QString text = speed > 0 ? QString::number(speed) + QStringLiteral("×") : QStringLiteral("最快");
-    m_speed->insertItem(place, text, speed);
+    m_speed->insertItem(place, speedText(speed), speed);
 }
 
 void ReplayBar::setSpeed(double speed)
@@ -267,6 +290,7 @@ void ReplayBar::jump()
 void ReplayBar::themeChanged()
 {
     setPlaying(m_playing);
+    fitTexts();
     styleLag();
 }
 

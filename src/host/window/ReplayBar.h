@@ -80,6 +80,8 @@ Q_SIGNALS:
 private:
     void makeControls();
     void makeLayout();
+    void say();
+    void fitTexts();
     void jump();
     void showTime(std::int64_t moment);
     void addSpeed(int place, double speed);

@@ -36,6 +36,8 @@ struct TerminalOptions
     bool playing = true;  ///< once the first day is there
     QString theme = QStringLiteral("dark");
     Zeb::EPriceColors colors = Zeb::EPriceColors::eRedUp;
+    QString language = QStringLiteral("zh"); ///< of the terminal's texts
+    int fontPercent = 100;                   ///< of the usual size
     QueueModes modes;
     QString layout = QStringLiteral("queue"); ///< id of a shipped one
     QString externalData;                     ///< folder of local information files; empty for none
@@ -48,6 +50,8 @@ struct TerminalOptions
         bool colors = false;
         bool modes = false;
         bool layout = false;
+        bool language = false;
+        bool fontPercent = false;
     } given;
     QSize size; ///< of the window, pixels at 100 %; empty for the usual one
 

@@ -28,6 +28,10 @@ public:
     /// the current one. Their queues answer subscriptions in place of those before.
     void setDays(const std::vector<DayPtr>& days);
 
+    /// What the panels follow while they run.
+    Kel::CUserConfig& userConfig() { return m_userConfig; }
+    Kel::CConfig& config() { return m_config; }
+
     /// yyyymmdd; 0 before the first day.
     int tradingDay() const { return m_tradingDay; }
 

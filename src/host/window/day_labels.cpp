@@ -1,5 +1,7 @@
 #include "host/window/day_labels.h"
 
+#include "host/window/language/TerminalLanguage.h"
+
 #include <algorithm>
 
 namespace host {
@@ -41,8 +43,8 @@ std::vector<PlacedLabel> placeLabels(const std::vector<PhaseMark>& marks, int wi
     std::vector<PlacedLabel> placed;
     for (const PhaseMark& mark : order) {
         PlacedLabel label;
-        label.text = mark.label;
-        label.width = widthOf(mark.label);
+        label.text = uiText(mark.label);
+        label.width = widthOf(label.text);
         label.left = std::max(std::min(xOf(mark.moment) - label.width / 2, width - label.width), 0);
         const bool free = std::all_of(placed.begin(), placed.end(), [&](const PlacedLabel& other) {
             return label.left >= other.left + other.width + gap ||

@@ -1,6 +1,7 @@
 #include "host/window/day_phases.h"
 
 #include "host/DayTimeline.h"
+#include "host/window/language/TerminalLanguage.h"
 #include "platform/services/trading_sessions.h"
 #include "platform/utils/exchange_time.h"
 #include "platform/utils/market_predicates.h"
@@ -27,12 +28,10 @@ PhaseMark mark(EDayPhase phase, std::int64_t moment, const QString& name, const 
 void addBreak(std::vector<PhaseMark>& marks, std::int64_t begin, std::int64_t end)
 {
     const bool lunch = utils::timeOfDayMs(begin) <= kNoon && utils::timeOfDayMs(end) >= kNoon;
-    marks.push_back(mark(EDayPhase::eBreak, begin,
-                         lunch ? QStringLiteral("午间休市") : QStringLiteral("小节休息"),
-                         lunch ? QStringLiteral("午休") : QStringLiteral("小休")));
-    marks.push_back(mark(EDayPhase::eResume, end,
-                         lunch ? QStringLiteral("下午开盘") : QStringLiteral("恢复交易"),
-                         lunch ? QStringLiteral("午后") : QStringLiteral("恢复")));
+    marks.push_back(mark(EDayPhase::eBreak, begin, lunch ? sourceText("午间休市") : sourceText("小节休息"),
+                         lunch ? sourceText("午休") : sourceText("小休")));
+    marks.push_back(mark(EDayPhase::eResume, end, lunch ? sourceText("下午开盘") : sourceText("恢复交易"),
+                         lunch ? sourceText("午后") : sourceText("恢复")));
 }
 
 } // namespace
@@ -45,22 +44,22 @@ std::vector<PhaseMark> phasesOf(const DayRange& range, const Sessions& sessions,
     const bool auctions = utils::isStockMarket(market);
     const std::int64_t open = sessions.front().first;
     const std::int64_t close = sessions.back().second;
-    const QString auction = QStringLiteral("竞价");
+    const QString auction = sourceText("竞价");
     if (auctions) {
         marks.push_back(
-            mark(EDayPhase::eOpeningAuction, open - kAuctionBefore, QStringLiteral("开盘集合竞价"), auction));
-        marks.push_back(mark(EDayPhase::eOpeningMatch, open - kMatchBefore, QStringLiteral("集合竞价结束"),
-                             QStringLiteral("撮合")));
+            mark(EDayPhase::eOpeningAuction, open - kAuctionBefore, sourceText("开盘集合竞价"), auction));
+        marks.push_back(mark(EDayPhase::eOpeningMatch, open - kMatchBefore, sourceText("集合竞价结束"),
+                             sourceText("撮合")));
     }
-    marks.push_back(mark(EDayPhase::eOpen, open, QStringLiteral("开盘"), QStringLiteral("开盘")));
+    marks.push_back(mark(EDayPhase::eOpen, open, sourceText("开盘"), sourceText("开盘")));
     for (std::size_t i = 1; i < sessions.size(); ++i) {
         if (sessions[i].first > sessions[i - 1].second)
             addBreak(marks, sessions[i - 1].second, sessions[i].first);
     }
     if (auctions && utils::timeOfDayMs(close) == kUsualClose)
-        marks.push_back(mark(EDayPhase::eClosingAuction, close - kClosingAuction,
-                             QStringLiteral("收盘集合竞价"), auction));
-    marks.push_back(mark(EDayPhase::eClose, close, QStringLiteral("收盘"), QStringLiteral("收盘")));
+        marks.push_back(
+            mark(EDayPhase::eClosingAuction, close - kClosingAuction, sourceText("收盘集合竞价"), auction));
+    marks.push_back(mark(EDayPhase::eClose, close, sourceText("收盘"), sourceText("收盘")));
 
     const auto outside = [&range](const PhaseMark& one) {
         return one.moment < range.begin || one.moment > range.end;

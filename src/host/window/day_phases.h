@@ -30,8 +30,8 @@ struct PhaseMark
 {
     EDayPhase phase = EDayPhase::eOpen;
     std::int64_t moment = 0; ///< ms since 1970-01-01 UTC
-    QString name;            ///< "午间休市"
-    QString label;           ///< the same in two letters
+    QString name;            ///< "午间休市", for `uiText`
+    QString label;           ///< the same in two letters, for `uiText`
 };
 
 /// Open and close of the sessions, ms since 1970-01-01 UTC, in order.

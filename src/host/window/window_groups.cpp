@@ -7,6 +7,7 @@
 #include "host/window/ReplayBar.h"
 #include "host/window/TerminalActions.h"
 #include "host/window/groups/GroupChip.h"
+#include "host/window/language/TerminalLanguage.h"
 #include "host/window/panes/ChartPane.h"
 #include "host/window/panes/DealsPane.h"
 #include "host/window/panes/EntrustPane.h"
@@ -112,7 +113,7 @@ Pane* MainWindow::addPaneOfKind(const QString& kind)
         ++number;
     Pane* added = pane(Pane::furtherId(kind, number));
     if (!added) {
-        m_messages->showNote(QStringLiteral("这种窗格已经够多了"));
+        m_messages->showNote(uiText("这种窗格已经够多了"));
         return nullptr;
     }
     linkPane(added, m_group);
@@ -185,12 +186,11 @@ void MainWindow::showGroupMenu(Pane* pane, GroupChip* chip)
             ++number;
             if (window == m_workspaces->windowOf(dock))
                 continue;
-            const QString text =
-                number == 1 ? QStringLiteral("移到主窗口") : QStringLiteral("移到窗口 %1").arg(number);
+            const QString text = number == 1 ? uiText("移到主窗口") : uiText("移到窗口 %1").arg(number);
             connect(menu.addAction(text), &QAction::triggered, this,
                     [this, dock, window] { m_workspaces->move(dock, window); });
         }
-        connect(menu.addAction(QStringLiteral("移到新窗口")), &QAction::triggered, this,
+        connect(menu.addAction(uiText("移到新窗口")), &QAction::triggered, this,
                 [this, dock] { m_workspaces->move(dock, m_workspaces->openWindow()); });
     }
     menu.exec(chip->mapToGlobal(QPoint(0, chip->height())));

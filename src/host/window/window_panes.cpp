@@ -4,6 +4,7 @@
 
 #include "host/window/MessageBar.h"
 #include "host/window/TerminalActions.h"
+#include "host/window/language/TerminalLanguage.h"
 #include "host/window/panes/ChartPane.h"
 #include "host/window/panes/DealsPane.h"
 #include "host/window/panes/EntrustPane.h"
@@ -85,7 +86,7 @@ void MainWindow::copySelection()
     Pane* pane = m_workspaces->currentPane();
     const QString text = pane ? pane->selectedText() : QString();
     if (text.isEmpty())
-        m_messages->showNote(QStringLiteral("没有选中的行可复制"));
+        m_messages->showNote(uiText("没有选中的行可复制"));
     else
         QApplication::clipboard()->setText(text);
 }
@@ -98,7 +99,7 @@ void MainWindow::exportTable(bool gbk)
         tables = pane->tables();
     const DayPtr shown = day();
     if (tables.empty() || !shown) {
-        m_messages->showNote(QStringLiteral("请先点选要导出的逐笔列表"));
+        m_messages->showNote(uiText("请先点选要导出的逐笔列表"));
         return;
     }
     std::size_t chosen = 0;
@@ -107,16 +108,15 @@ void MainWindow::exportTable(bool gbk)
         for (const PaneTable& table : tables)
             names.append(table.name);
         bool agreed = false;
-        const QString name = QInputDialog::getItem(this, QStringLiteral("导出 CSV"), QStringLiteral("列表"),
-                                                   names, 0, false, &agreed);
+        const QString name =
+            QInputDialog::getItem(this, uiText("导出 CSV"), uiText("列表"), names, 0, false, &agreed);
         if (!agreed)
             return;
         chosen = static_cast<std::size_t>(names.indexOf(name));
     }
     const PaneTable& table = tables[chosen];
-    const QString file =
-        QFileDialog::getSaveFileName(this, QStringLiteral("导出 CSV"),
-                                     suggestedFile(*shown, table.file, "csv"), QStringLiteral("CSV (*.csv)"));
+    const QString file = QFileDialog::getSaveFileName(
+        this, uiText("导出 CSV"), suggestedFile(*shown, table.file, "csv"), QStringLiteral("CSV (*.csv)"));
     if (!file.isEmpty())
         tellResult(writeTable(table, file, gbk, this));
 }
@@ -129,7 +129,7 @@ void MainWindow::exportPicture()
     const DayPtr shownDay = day();
     const QString usual = shownDay ? suggestedFile(*shownDay, part, "png") : part + QStringLiteral(".png");
     const QString file =
-        QFileDialog::getSaveFileName(this, QStringLiteral("导出图片"), usual, QStringLiteral("PNG (*.png)"));
+        QFileDialog::getSaveFileName(this, uiText("导出图片"), usual, QStringLiteral("PNG (*.png)"));
     if (!file.isEmpty())
         tellResult(writePicture(*shown, file));
 }
@@ -154,7 +154,7 @@ void MainWindow::trackOrder()
     PanelWiring& wiring = m_groups.at(m_group).wiring();
     const std::vector<EntrustPane*> lists = wiring.all<EntrustPane>();
     if (lists.empty()) {
-        m_messages->showNote(QStringLiteral("本组没有委托列表可查"));
+        m_messages->showNote(uiText("本组没有委托列表可查"));
         return;
     }
     Kel::CDepthEntrustWidget& orders = lists.front()->panel();
@@ -174,7 +174,7 @@ void MainWindow::trackOrder()
     wiring.takeTracked();
     orders.setTrackOrderParam(dialog.timeMs(), dialog.price(), dialog.lots(), dialog.side(), dialog.color());
     if (wiring.takeTracked() == 0)
-        m_messages->showNote(QStringLiteral("没有找到这样的限价委托"));
+        m_messages->showNote(uiText("没有找到这样的限价委托"));
 }
 
 } // namespace host

@@ -5,7 +5,11 @@
 #include "host/window/InstrumentList.h"
 #include "host/window/MessageBar.h"
 #include "host/window/TerminalActions.h"
+#include "host/window/keys/KeySheet.h"
+#include "host/window/language/TerminalLanguage.h"
 #include "host/window/panes/QueueCell.h"
+#include "host/window/settings/SettingsDialog.h"
+#include "host/window/settings/applied_look.h"
 #include "host/window/workspace/Workspace.h"
 #include "host/window/workspace/Workspaces.h"
 #include "platform/resources/CUiResource.h"
@@ -14,6 +18,7 @@
 
 #include <QCloseEvent>
 #include <QInputDialog>
+#include <QMessageBox>
 
 #include <algorithm>
 
@@ -46,7 +51,73 @@ void MainWindow::loadSettings()
     if (!problem.isEmpty())
         m_messages->showError(problem);
     mergeSettings(m_settings, m_options);
+    m_actions->keyMap().setDifferences(m_settings.keys);
     showSavedLayouts();
+}
+
+/// Looks, keys and language, which a person changes while the window is open.
+void MainWindow::connectSettings()
+{
+    connect(&m_actions->keyMap(), &KeyMap::changed, this, [this] {
+        m_settings.keys = m_actions->keyMap().differences();
+        storeSettings();
+    });
+    connect(m_actions, &TerminalActions::commandAsked, this, [this](const QString& id) {
+        if (id == QLatin1String("settings"))
+            openSettings();
+        else if (id == QLatin1String("keys"))
+            showKeys();
+        else if (id == QLatin1String("about"))
+            showAbout();
+    });
+    keepSaid(this, [this] { sayTitle(); });
+}
+
+void MainWindow::openSettings()
+{
+    if (auto* open = findChild<SettingsDialog*>()) {
+        open->raise();
+        open->activateWindow();
+        return;
+    }
+    const auto& look = utils::CSingletonT<Zeb::CUiResource>::instance();
+    m_settings.theme = look.theme();
+    m_settings.colors = look.priceColors();
+    auto* dialog = new SettingsDialog(m_settings, m_actions, this);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    connect(dialog, &SettingsDialog::changed, this, &MainWindow::applySettings);
+    dialog->show();
+}
+
+void MainWindow::applySettings(const TerminalSettings& wanted)
+{
+    m_settings.theme = wanted.theme;
+    m_settings.colors = wanted.colors;
+    m_settings.concise = wanted.concise;
+    m_settings.refreshMs = wanted.refreshMs;
+    m_settings.fontPercent = wanted.fontPercent;
+    m_settings.language = wanted.language;
+    applyLook(m_settings, m_services);
+    storeSettings();
+}
+
+void MainWindow::showKeys()
+{
+    auto* sheet = findChild<KeySheet*>();
+    if (!sheet) {
+        sheet = new KeySheet(m_actions, this);
+        sheet->setAttribute(Qt::WA_DeleteOnClose);
+    }
+    sheet->show();
+    sheet->raise();
+    sheet->activateWindow();
+}
+
+void MainWindow::showAbout()
+{
+    QMessageBox::about(this, uiText("关于"),
+                       uiText("深度行情终端") + QStringLiteral("\n\n") +
+                           uiText("回放一日的逐笔行情，重建每个价位上的委托队列。"));
 }
 
 void MainWindow::storeSettings()
@@ -170,14 +241,14 @@ void MainWindow::showSavedLayouts()
 
 void MainWindow::askForLayoutName()
 {
-    const QString name = QInputDialog::getText(this, QStringLiteral("保存布局"), QStringLiteral("名称"));
+    const QString name = QInputDialog::getText(this, uiText("保存布局"), uiText("名称"));
     saveLayout(name.trimmed());
 }
 
 void MainWindow::askWhichLayoutToRemove()
 {
     bool agreed = false;
-    const QString name = QInputDialog::getItem(this, QStringLiteral("删除布局"), QStringLiteral("名称"),
+    const QString name = QInputDialog::getItem(this, uiText("删除布局"), uiText("名称"),
                                                namesOf(m_settings.layouts), 0, false, &agreed);
     if (agreed)
         removeLayout(name);

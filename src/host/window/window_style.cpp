@@ -12,6 +12,8 @@ Zeb::CUiResource& theme()
     return utils::CSingletonT<Zeb::CUiResource>::instance();
 }
 
+constexpr int kTimePixels = 16; // height of the replay's time at the usual size of fonts
+
 // %1 ground, %2 raised ground, %3 line, %4 text, %5 soft text, %6 accent, %7 selection, %8 hover, %9 field,
 // %10 error ground, %11 note ground, %12 message text, %13 popup ground, %14 slider of scroll bars,
 // %15 pressed, %16 arrow of a choice, %17 check mark
@@ -53,7 +55,7 @@ QToolButton:focus { border-color: %6; }
 #ReplayBar { background: %2; border: 0; border-top: 1px solid %3; }
 #ReplayBar QToolButton { border: 1px solid %3; padding: 2px; }
 #ReplayBar QToolButton:focus { border-color: %6; }
-#ReplayTime { color: %4; font-size: 16px; }
+#ReplayTime { color: %4; font-size: @time@px; }
 QToolButton#CancelLoading { padding: 4px 12px; }
 #MessageBar { background: %11; border: 0; }
 #MessageBar[error="true"] { background: %10; }
@@ -90,9 +92,15 @@ QToolTip { background: %13; color: %4; border: 1px solid %3; padding: 3px; }
 
 } // namespace
 
+int sizeOfText(int pixels)
+{
+    return qRound(pixels * theme().fontScale());
+}
+
 QString windowStyleSheet()
 {
     QString sheet = QString::fromLatin1(kSheet);
+    sheet.replace(QLatin1String("@time@"), QString::number(sizeOfText(kTimePixels)));
     // From the last place down: "%1" begins "%12" as well.
     sheet.replace(QLatin1String("%17"), theme().getImageSheet(QStringLiteral("img_menu_check")));
     sheet.replace(QLatin1String("%16"), theme().getImageSheet(QStringLiteral("img_combo_arrow")));

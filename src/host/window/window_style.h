@@ -7,4 +7,7 @@ namespace host {
 
 QString windowStyleSheet();
 
+/// Pixels that suit texts of the usual size, for texts at the size of fonts in force.
+int sizeOfText(int pixels);
+
 } // namespace host

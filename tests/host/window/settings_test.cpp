@@ -7,7 +7,10 @@
 #include "host/window/MessageBar.h"
 #include "host/window/TerminalActions.h"
 #include "host/window/WindowFixture.h"
+#include "host/window/keys/KeySheet.h"
+#include "host/window/language/TerminalLanguage.h"
 #include "host/window/panes/QueueCell.h"
+#include "host/window/settings/SettingsDialog.h"
 #include "host/window/workspace/Workspace.h"
 #include "platform/resources/CUiResource.h"
 #include "platform/utils/CSingletonT.h"
@@ -58,6 +61,8 @@ protected:
         auto& resource = utils::CSingletonT<Zeb::CUiResource>::instance();
         resource.setTheme(QStringLiteral("dark"));
         resource.setPriceColors(Zeb::EPriceColors::eRedUp);
+        resource.setFontScale(1);
+        host::TerminalLanguage::instance().setLanguage(QStringLiteral("zh"));
     }
 
     QTemporaryDir folder;
@@ -184,6 +189,48 @@ TEST_F(Settings, TheNextWindowLooksAsTheLastOneDid)
     EXPECT_TRUE(window->workspace().dock(QStringLiteral("deals"))->isVisible());
     EXPECT_FALSE(window->workspace().dock(QStringLiteral("levels"))->isVisible());
     EXPECT_FALSE(window->workspace().dock(QStringLiteral("ladder"))->isVisible());
+}
+
+TEST_F(Settings, OfTheDialogAndKeysComeBackInTheNextWindow)
+{
+    auto& look = utils::CSingletonT<Zeb::CUiResource>::instance();
+    {
+        const auto window = open();
+        window->actions().action(QStringLiteral("settings"))->trigger();
+        auto* dialog = window->findChild<host::SettingsDialog*>();
+        ASSERT_NE(dialog, nullptr);
+        host::TerminalSettings wanted = dialog->settings();
+        wanted.fontPercent = 120;
+        wanted.language = QStringLiteral("en");
+        wanted.refreshMs = 700;
+        Q_EMIT dialog->changed(wanted);
+        EXPECT_EQ(look.fontScale(), 1.2);
+        EXPECT_TRUE(window->windowTitle().endsWith(QStringLiteral("Depth terminal")));
+        EXPECT_EQ(window->workspace().dock(QStringLiteral("queue"))->windowTitle(),
+                  QStringLiteral("Order queue"));
+        window->actions().keyMap().setKeys(QStringLiteral("jump"), {QKeySequence(Qt::Key_F7)});
+        // No close: what was set is there all the same.
+    }
+    look.setFontScale(1);
+    host::TerminalLanguage::instance().setLanguage(QStringLiteral("zh"));
+    const auto window = open([](host::TerminalOptions& options) {
+        options.given.language = true; // the command line wins
+    });
+    EXPECT_EQ(look.fontScale(), 1.2);
+    EXPECT_EQ(Kel::getUserConfig()->refreshInterval(), 0.70025);
+    EXPECT_EQ(host::TerminalLanguage::instance().language(), QStringLiteral("zh"));
+    EXPECT_EQ(window->actions().action(QStringLiteral("jump"))->shortcut(), QKeySequence(Qt::Key_F7));
+}
+
+TEST_F(Settings, TheSheetOfKeysAndTheDialogAreThereOnce)
+{
+    const auto window = open();
+    for (int i = 0; i < 2; ++i) {
+        window->actions().action(QStringLiteral("keys"))->trigger();
+        window->actions().action(QStringLiteral("settings"))->trigger();
+    }
+    EXPECT_EQ(window->findChildren<host::KeySheet*>().size(), 1);
+    EXPECT_EQ(window->findChildren<host::SettingsDialog*>().size(), 1);
 }
 
 TEST_F(Settings, ANamedLayoutComesBackWithTheInstrumentAndTheTime)

@@ -1,6 +1,7 @@
 #include "host/window/groups/GroupChip.h"
 
 #include "host/window/groups/PaneGroups.h"
+#include "host/window/language/TerminalLanguage.h"
 #include "platform/resources/CUiResource.h"
 #include "platform/utils/CSingletonT.h"
 
@@ -37,7 +38,7 @@ GroupChip::GroupChip(QWidget* parent) : QToolButton(parent)
     setObjectName(QStringLiteral("GroupChip"));
     setFixedSize(kSide, kSide);
     setFocusPolicy(Qt::NoFocus); // the window's menu does the same by keys
-    setGroup(0);
+    keepSaid(this, [this] { setGroup(m_group); });
 }
 
 void GroupChip::setGroup(int group)
@@ -50,7 +51,7 @@ void GroupChip::setGroup(int group)
 
 QString GroupChip::name(int group)
 {
-    return QStringLiteral("联动组 %1").arg(group + 1);
+    return uiText("联动组 %1").arg(group + 1);
 }
 
 QIcon GroupChip::icon(int group)

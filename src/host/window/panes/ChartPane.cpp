@@ -1,6 +1,7 @@
 #include "host/window/panes/ChartPane.h"
 
 #include "holographic/CDepthHolographicWidget.h"
+#include "host/window/language/TerminalLanguage.h"
 #include "host/window/tables/chart_tables.h"
 #include "host/window/tables/text_tables.h"
 
@@ -21,7 +22,7 @@ QString idOf(ChartPane::EView view)
 
 QString titleOf(ChartPane::EView view)
 {
-    return view == ChartPane::EView::eDay ? QStringLiteral("全息成交图") : QStringLiteral("全息放大图");
+    return view == ChartPane::EView::eDay ? sourceText("全息成交图") : sourceText("全息放大图");
 }
 
 } // namespace
@@ -89,10 +90,10 @@ std::vector<PaneTable> ChartPane::tables() const
     const boost::shared_ptr<Kel::CModelDepthHolographic>& model = m_panel->model();
     const int first = model->getStartIndex();
     const int last = model->getEndIndex();
-    return {PaneTable{QStringLiteral("图中成交"), id() + QStringLiteral("-deals"),
-                      chartDealTable(model, first, last)},
-            PaneTable{QStringLiteral("图中行情区间"), id() + QStringLiteral("-intervals"),
-                      chartIntervalTable(*model, first, last)}};
+    return {
+        PaneTable{uiText("图中成交"), id() + QStringLiteral("-deals"), chartDealTable(model, first, last)},
+        PaneTable{uiText("图中行情区间"), id() + QStringLiteral("-intervals"),
+                  chartIntervalTable(*model, first, last)}};
 }
 
 FeedHub::Receiver ChartPane::receiver()

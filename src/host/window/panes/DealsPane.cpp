@@ -1,5 +1,6 @@
 #include "host/window/panes/DealsPane.h"
 
+#include "host/window/language/TerminalLanguage.h"
 #include "records/EQueueMode.h"
 #include "tick/CDepthTransactionWidget.h"
 
@@ -12,7 +13,7 @@ constexpr int kEventButton = 5;
 } // namespace
 
 DealsPane::DealsPane(QWidget* parent)
-    : PanelCell(QStringLiteral("deals"), QStringLiteral("逐笔成交"), parent),
+    : PanelCell(QStringLiteral("deals"), sourceText("逐笔成交"), parent),
       m_panel(new Kel::CDepthTransactionWidget(&header()))
 {
     header().setWidget(m_panel);

@@ -1,5 +1,6 @@
 #include "host/window/panes/EntrustPane.h"
 
+#include "host/window/language/TerminalLanguage.h"
 #include "tick/CDepthCancelWidget.h"
 #include "tick/CDepthEntrustWidget.h"
 #include "tick/CDepthOrderWidget.h"
@@ -7,7 +8,7 @@
 namespace host {
 
 EntrustPane::EntrustPane(QWidget* parent)
-    : Pane(QStringLiteral("orders"), QStringLiteral("逐笔委托与撤单"), parent),
+    : Pane(QStringLiteral("orders"), sourceText("逐笔委托与撤单"), parent),
       m_panel(new Kel::CDepthEntrustWidget(this))
 {
     setContentWidget(m_panel, 0, 0, true);
@@ -52,9 +53,8 @@ QString EntrustPane::selectedText() const
 
 std::vector<PaneTable> EntrustPane::tables() const
 {
-    return {
-        PaneTable{QStringLiteral("逐笔委托"), QStringLiteral("orders"), Kel::orderTable(m_panel->model())},
-        PaneTable{QStringLiteral("逐笔撤单"), QStringLiteral("cancels"), Kel::cancelTable(m_panel->model())}};
+    return {PaneTable{uiText("逐笔委托"), QStringLiteral("orders"), Kel::orderTable(m_panel->model())},
+            PaneTable{uiText("逐笔撤单"), QStringLiteral("cancels"), Kel::cancelTable(m_panel->model())}};
 }
 
 } // namespace host

@@ -2,6 +2,7 @@
 
 #include "feed/archive/archived_notices.h"
 #include "feed/simulation/notices.h"
+#include "host/window/language/TerminalLanguage.h"
 #include "host/window/tables/text_tables.h"
 #include "information/CInformationWidget.h"
 #include "platform/toolkit/CStandardTable.h"
@@ -22,7 +23,7 @@ constexpr int kAnnouncements = 1;
 } // namespace
 
 InformationPane::InformationPane(QWidget* parent)
-    : Pane(QStringLiteral("information"), QStringLiteral("资讯"), parent),
+    : Pane(QStringLiteral("information"), sourceText("资讯"), parent),
       m_panel(new Kel::CInformationWidget(this))
 {
     setContentWidget(m_panel, 0, 0, true);

@@ -1,5 +1,6 @@
 #include "host/window/panes/LadderPane.h"
 
+#include "host/window/language/TerminalLanguage.h"
 #include "host/window/tables/text_tables.h"
 #include "platform/utils/volume_unit.h"
 #include "thousand/CDepthThousandDataWidget.h"
@@ -32,7 +33,7 @@ QPoint movedInto(const QRect& screen, const QSize& size, QPoint place)
 } // namespace
 
 LadderPane::LadderPane(QWidget* parent)
-    : Pane(QStringLiteral("ladder"), QStringLiteral("千档盘口"), parent),
+    : Pane(QStringLiteral("ladder"), sourceText("千档盘口"), parent),
       m_stack(new QStackedWidget(this)),
       m_rebuilt(new Kel::CDepthThousandDataWidget(m_stack, false)),
       m_ready(new Kel::CDepthThousandDataWidget(m_stack, true)),
@@ -133,7 +134,7 @@ std::vector<PaneTable> LadderPane::tables() const
     double tick = 0;
     int unit = 0;
     if (const auto queue = selectedOrders(tick, unit))
-        tables.push_back(PaneTable{QStringLiteral("选中价位的委托"), QStringLiteral("price-orders"),
+        tables.push_back(PaneTable{uiText("选中价位的委托"), QStringLiteral("price-orders"),
                                    priceOrderTable(*queue, tick, unit)});
     return tables;
 }

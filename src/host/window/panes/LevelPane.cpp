@@ -1,5 +1,6 @@
 #include "host/window/panes/LevelPane.h"
 
+#include "host/window/language/TerminalLanguage.h"
 #include "host/window/tables/book_tables.h"
 #include "host/window/tables/text_tables.h"
 #include "level_panels/CDepthEntrustStatusWidget.h"
@@ -18,7 +19,7 @@ constexpr int kLeastWidth = 170; // pixels; less cuts the volumes off
 } // namespace
 
 LevelPane::LevelPane(QWidget* parent)
-    : Pane(QStringLiteral("levels"), QStringLiteral("买卖盘"), parent),
+    : Pane(QStringLiteral("levels"), sourceText("买卖盘"), parent),
       m_panel(new Kel::CDepthEntrustStatusWidget(nullptr, true))
 {
     // The rows keep their height; a low pane scrolls, a high one has them in its middle.

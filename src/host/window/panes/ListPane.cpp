@@ -1,6 +1,7 @@
 #include "host/window/panes/ListPane.h"
 
 #include "host/window/InstrumentList.h"
+#include "host/window/language/TerminalLanguage.h"
 #include "host/window/tables/text_tables.h"
 
 namespace host {
@@ -20,7 +21,7 @@ QString plainNumber(QString text)
 } // namespace
 
 ListPane::ListPane(InstrumentList* list, QWidget* parent)
-    : Pane(QStringLiteral("list"), QStringLiteral("品种"), parent), m_list(list)
+    : Pane(QStringLiteral("list"), sourceText("品种"), parent), m_list(list)
 {
     setContentWidget(m_list, 0, 0, true);
     setFocusProxy(m_list);

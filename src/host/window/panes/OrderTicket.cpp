@@ -1,5 +1,7 @@
 #include "host/window/panes/OrderTicket.h"
 
+#include "host/window/language/TerminalLanguage.h"
+
 #include <QFormLayout>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -34,7 +36,7 @@ QString priceTypeWords(int type)
 {
     for (const PriceWords& entry : kWords) {
         if (entry.type == type)
-            return QString::fromUtf8(entry.words);
+            return uiText(entry.words);
     }
     return {};
 }
@@ -46,26 +48,31 @@ OrderTicket::OrderTicket(QWidget* parent) : QWidget(parent)
     auto* form = new QFormLayout(this);
     form->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
     form->setSpacing(kSpacing);
-    m_stock = addField(QStringLiteral("证券"), QStringLiteral("TicketStock"));
-    m_priceType = addField(QStringLiteral("报价方式"), QStringLiteral("TicketPriceType"));
-    m_price = addField(QStringLiteral("价格（元）"), QStringLiteral("TicketPrice"));
-    m_volume = addField(QStringLiteral("数量（手）"), QStringLiteral("TicketVolume"));
-    auto* note = new QLabel(QStringLiteral("点击盘口填入；本票据不发送委托"), this);
+    m_stock = addField("证券", QStringLiteral("TicketStock"));
+    m_priceType = addField("报价方式", QStringLiteral("TicketPriceType"));
+    m_price = addField("价格（元）", QStringLiteral("TicketPrice"));
+    m_volume = addField("数量（手）", QStringLiteral("TicketVolume"));
+    auto* note = new QLabel(this);
+    keepSaid(note, [note] { note->setText(uiText("点击盘口填入；本票据不发送委托")); });
     note->setObjectName(QStringLiteral("TicketNote"));
     note->setWordWrap(true);
     form->addRow(note);
     clear({});
 }
 
-QLabel* OrderTicket::addField(const QString& name, const QString& objectName)
+QLabel* OrderTicket::addField(const char* name, const QString& objectName)
 {
     auto* field = new QLabel(this);
     field->setObjectName(objectName);
     field->setProperty("field", true);
     field->setTextFormat(Qt::PlainText);
     field->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    field->setAccessibleName(name);
-    static_cast<QFormLayout*>(layout())->addRow(name, field);
+    auto* label = new QLabel(this);
+    static_cast<QFormLayout*>(layout())->addRow(label, field);
+    keepSaid(label, [label, field, name] {
+        label->setText(uiText(name));
+        field->setAccessibleName(label->text());
+    });
     return field;
 }
 

@@ -34,7 +34,7 @@ public:
     QString volume() const; ///< lots
 
 private:
-    QLabel* addField(const QString& name, const QString& objectName);
+    QLabel* addField(const char* name, const QString& objectName);
 
     QLabel* m_stock = nullptr;
     QLabel* m_priceType = nullptr;

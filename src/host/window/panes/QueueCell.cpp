@@ -1,5 +1,6 @@
 #include "host/window/panes/QueueCell.h"
 
+#include "host/window/language/TerminalLanguage.h"
 #include "host/window/tables/queue_tables.h"
 #include "queue_view/CDepthOrderQueueWidget.h"
 
@@ -13,7 +14,7 @@ constexpr int kTenLevels = 10;
 } // namespace
 
 QueueCell::QueueCell(QWidget* parent)
-    : PanelCell(QStringLiteral("queue"), QStringLiteral("委托队列"), parent),
+    : PanelCell(QStringLiteral("queue"), sourceText("委托队列"), parent),
       m_panel(new Kel::CDepthOrderQueueWidget(&header()))
 {
     header().setWidget(m_panel);
@@ -88,9 +89,9 @@ QString QueueCell::selectedText() const
 
 std::vector<PaneTable> QueueCell::tables() const
 {
-    return {PaneTable{QStringLiteral("各档"), QStringLiteral("queue-levels"),
+    return {PaneTable{uiText("各档"), QStringLiteral("queue-levels"),
                       queueLevelTable(m_panel->model(), shownLevels())},
-            PaneTable{QStringLiteral("各档委托"), QStringLiteral("queue-orders"),
+            PaneTable{uiText("各档委托"), QStringLiteral("queue-orders"),
                       queueOrderTable(m_panel->model(), shownLevels())}};
 }
 

@@ -1,5 +1,6 @@
 #include "host/window/panes/TicketPane.h"
 
+#include "host/window/language/TerminalLanguage.h"
 #include "host/window/panes/OrderTicket.h"
 #include "host/window/tables/book_tables.h"
 #include "host/window/tables/text_tables.h"
@@ -20,7 +21,7 @@ constexpr int kLeastWidth = 210;
 } // namespace
 
 TicketPane::TicketPane(QWidget* parent)
-    : Pane(QStringLiteral("ticket"), QStringLiteral("盘口下单"), parent),
+    : Pane(QStringLiteral("ticket"), sourceText("盘口下单"), parent),
       m_panel(new Kel::CDepthConciseStyleEntrustStatusWidget(nullptr, true)),
       m_ticket(new OrderTicket)
 {
@@ -82,9 +83,9 @@ QString TicketPane::selectedText() const
 
 std::vector<PaneTable> TicketPane::tables() const
 {
-    return {PaneTable{QStringLiteral("盘口"), QStringLiteral("quote"),
+    return {PaneTable{uiText("盘口"), QStringLiteral("quote"),
                       quoteTable(m_panel->quote(), m_panel->getShelves())},
-            PaneTable{QStringLiteral("票据"), QStringLiteral("ticket"),
+            PaneTable{uiText("票据"), QStringLiteral("ticket"),
                       fixedTable({QStringLiteral("证券"), QStringLiteral("报价方式"),
                                   QStringLiteral("价格(元)"), QStringLiteral("数量(手)")},
                                  {QStringList{m_ticket->stock(), m_ticket->priceType(), m_ticket->price(),

@@ -1,5 +1,6 @@
 #include "host/window/panes/pane_kinds.h"
 
+#include "host/window/language/TerminalLanguage.h"
 #include "host/window/panes/ChartPane.h"
 #include "host/window/panes/DealsPane.h"
 #include "host/window/panes/EntrustPane.h"
@@ -29,17 +30,17 @@ const PaneKind* kindOf(const QString& id)
 const std::vector<PaneKind>& paneKinds()
 {
     static const std::vector<PaneKind> kinds = {
-        {QStringLiteral("queue"), QStringLiteral("委托队列"), [] { return new QueueCell; }},
-        {QStringLiteral("ladder"), QStringLiteral("千档盘口"), [] { return new LadderPane; }},
-        {QStringLiteral("deals"), QStringLiteral("逐笔成交"), [] { return new DealsPane; }},
-        {QStringLiteral("orders"), QStringLiteral("逐笔委托与撤单"), [] { return new EntrustPane; }},
-        {QStringLiteral("chart"), QStringLiteral("全息成交图"),
+        {QStringLiteral("queue"), sourceText("委托队列"), [] { return new QueueCell; }},
+        {QStringLiteral("ladder"), sourceText("千档盘口"), [] { return new LadderPane; }},
+        {QStringLiteral("deals"), sourceText("逐笔成交"), [] { return new DealsPane; }},
+        {QStringLiteral("orders"), sourceText("逐笔委托与撤单"), [] { return new EntrustPane; }},
+        {QStringLiteral("chart"), sourceText("全息成交图"),
          [] { return new ChartPane(ChartPane::EView::eDay); }},
-        {QStringLiteral("zoom"), QStringLiteral("全息放大图"),
+        {QStringLiteral("zoom"), sourceText("全息放大图"),
          [] { return new ChartPane(ChartPane::EView::eZoomed); }},
-        {QStringLiteral("levels"), QStringLiteral("买卖盘"), [] { return new LevelPane; }},
-        {QStringLiteral("ticket"), QStringLiteral("盘口下单"), [] { return new TicketPane; }},
-        {QStringLiteral("information"), QStringLiteral("资讯"), [] { return new InformationPane; }},
+        {QStringLiteral("levels"), sourceText("买卖盘"), [] { return new LevelPane; }},
+        {QStringLiteral("ticket"), sourceText("盘口下单"), [] { return new TicketPane; }},
+        {QStringLiteral("information"), sourceText("资讯"), [] { return new InformationPane; }},
     };
     return kinds;
 }

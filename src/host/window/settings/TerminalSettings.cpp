@@ -1,5 +1,7 @@
 #include "host/window/settings/TerminalSettings.h"
 
+#include "host/window/language/TerminalLanguage.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -103,6 +105,36 @@ void put(QJsonObject& saved, const DeskState& desk)
     saved.insert(QStringLiteral("instruments"), QJsonArray::fromStringList(desk.instruments));
 }
 
+void takeNumber(const QJsonObject& root, const char* name, int least, int most, int& number)
+{
+    const double value = root.value(QLatin1String(name)).toDouble(least - 1);
+    if (value >= least && value <= most)
+        number = static_cast<int>(value);
+}
+
+/// Whether commands and keys mean something is for the map of keys to say.
+QMap<QString, QStringList> keysOf(const QJsonObject& object)
+{
+    QMap<QString, QStringList> keys;
+    for (auto entry = object.begin(); entry != object.end(); ++entry) {
+        if (!entry.value().isArray())
+            continue;
+        QStringList texts;
+        for (const QJsonValue& text : entry.value().toArray())
+            texts.append(text.toString());
+        keys.insert(entry.key(), texts);
+    }
+    return keys;
+}
+
+QJsonObject objectOf(const QMap<QString, QStringList>& keys)
+{
+    QJsonObject object;
+    for (auto entry = keys.begin(); entry != keys.end(); ++entry)
+        object.insert(entry.key(), QJsonArray::fromStringList(entry.value()));
+    return object;
+}
+
 void take(const QJsonObject& root, TerminalSettings& settings)
 {
     const QString theme = root.value(QLatin1String("theme")).toString();
@@ -112,6 +144,14 @@ void take(const QJsonObject& root, TerminalSettings& settings)
         if (root.value(QLatin1String("colors")).toString() == QLatin1String(entry.word))
             settings.colors = entry.colors;
     }
+    settings.concise = root.value(QLatin1String("concise")).toBool(settings.concise);
+    takeNumber(root, "refreshMs", kLeastRefreshMs, kMostRefreshMs, settings.refreshMs);
+    takeNumber(root, "fontPercent", kLeastFontPercent, kMostFontPercent, settings.fontPercent);
+    for (const auto& language : TerminalLanguage::languages()) {
+        if (root.value(QLatin1String("language")).toString() == language.first)
+            settings.language = language.first;
+    }
+    settings.keys = keysOf(root.value(QLatin1String("keys")).toObject());
     for (const QJsonValue& word : root.value(QLatin1String("modes")).toArray())
         takeModeWord(word.toString().toStdString(), settings.modes);
     settings.geometry = bytesOf(root.value(QLatin1String("geometry")));
@@ -140,8 +180,7 @@ QString setAside(const QString& file, const QString& reason)
     const QString aside = file + QStringLiteral(".broken");
     QFile::remove(aside);
     QFile::rename(file, aside);
-    return QStringLiteral("设置文件已损坏（") + reason + QStringLiteral("），已另存为 ") +
-           QDir::toNativeSeparators(aside);
+    return uiText("设置文件已损坏（%1），已另存为 %2").arg(reason, QDir::toNativeSeparators(aside));
 }
 
 } // namespace
@@ -152,19 +191,18 @@ void readSettings(const QString& file, TerminalSettings& settings, QString& prob
     if (!source.exists())
         return;
     if (source.size() > kMostBytes || !QFileInfo(file).isFile()) {
-        problem = setAside(file, QStringLiteral("不是设置文件"));
+        problem = setAside(file, uiText("不是设置文件"));
         return;
     }
     if (!source.open(QIODevice::ReadOnly)) {
-        problem = QStringLiteral("无法读取设置 ") + QDir::toNativeSeparators(file) + QStringLiteral("：") +
-                  source.errorString();
+        problem = uiText("无法读取设置 %1：%2").arg(QDir::toNativeSeparators(file), source.errorString());
         return;
     }
     QJsonParseError error;
     const QJsonDocument document = QJsonDocument::fromJson(source.readAll(), &error);
     source.close();
     if (!document.isObject()) {
-        problem = setAside(file, error.error == QJsonParseError::NoError ? QStringLiteral("不是对象")
+        problem = setAside(file, error.error == QJsonParseError::NoError ? uiText("不是对象")
                                                                          : error.errorString());
         return;
     }
@@ -176,6 +214,11 @@ bool writeSettings(const QString& file, const TerminalSettings& settings, QStrin
     QJsonObject root;
     root.insert(QStringLiteral("theme"), settings.theme);
     root.insert(QStringLiteral("colors"), wordOf(settings.colors));
+    root.insert(QStringLiteral("concise"), settings.concise);
+    root.insert(QStringLiteral("refreshMs"), settings.refreshMs);
+    root.insert(QStringLiteral("fontPercent"), settings.fontPercent);
+    root.insert(QStringLiteral("language"), settings.language);
+    root.insert(QStringLiteral("keys"), objectOf(settings.keys));
     root.insert(QStringLiteral("modes"), wordsOf(settings.modes));
     root.insert(QStringLiteral("geometry"), textOf(settings.geometry));
     root.insert(QStringLiteral("state"), textOf(settings.state));
@@ -196,8 +239,7 @@ bool writeSettings(const QString& file, const TerminalSettings& settings, QStrin
     const QByteArray text = QJsonDocument(root).toJson();
     if (target.open(QIODevice::WriteOnly) && target.write(text) == text.size() && target.commit())
         return true;
-    problem = QStringLiteral("无法写入设置 ") + QDir::toNativeSeparators(file) + QStringLiteral("：") +
-              target.errorString();
+    problem = uiText("无法写入设置 %1：%2").arg(QDir::toNativeSeparators(file), target.errorString());
     return false;
 }
 
@@ -215,6 +257,19 @@ void mergeSettings(const TerminalSettings& settings, TerminalOptions& options)
         options.colors = settings.colors;
     if (!options.given.modes)
         options.modes = settings.modes;
+    if (!options.given.language)
+        options.language = settings.language;
+    if (!options.given.fontPercent)
+        options.fontPercent = settings.fontPercent;
+}
+
+void takeLook(const TerminalOptions& options, TerminalSettings& settings)
+{
+    settings.theme = options.theme;
+    settings.colors = options.colors;
+    settings.language = options.language;
+    settings.fontPercent = options.fontPercent;
+    settings.concise = settings.concise || options.concise;
 }
 
 } // namespace host

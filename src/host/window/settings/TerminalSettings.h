@@ -4,6 +4,7 @@
 #include "host/window/workspace/Workspaces.h"
 
 #include <QByteArray>
+#include <QMap>
 #include <QString>
 #include <QStringList>
 
@@ -30,11 +31,22 @@ struct SavedLayout
     std::int64_t timeOfDay = -1; ///< ms since midnight at the exchange; below 0 for none
 };
 
+// What a person may choose; other values of a file are passed over.
+constexpr int kLeastRefreshMs = 50;
+constexpr int kMostRefreshMs = 5000;
+constexpr int kLeastFontPercent = 80;
+constexpr int kMostFontPercent = 200;
+
 /// What the terminal remembers from one run to the next.
 struct TerminalSettings
 {
     QString theme = QStringLiteral("dark");
     Zeb::EPriceColors colors = Zeb::EPriceColors::eRedUp;
+    bool concise = false;                    ///< panels take their concise colours
+    int refreshMs = 100;                     ///< between two looks of a panel at its model
+    int fontPercent = 100;                   ///< of the usual size
+    QString language = QStringLiteral("zh"); ///< of the terminal's texts
+    QMap<QString, QStringList> keys;         ///< of commands that do not have the usual ones, portable text
     QueueModes modes;
     QByteArray geometry; ///< of the window; empty for the usual one
     QByteArray state;    ///< of the main window's workspace; empty for a shipped layout
@@ -56,5 +68,8 @@ QString usualSettingsFile();
 
 /// Takes over what the command line does not name.
 void mergeSettings(const TerminalSettings& settings, TerminalOptions& options);
+
+/// Takes the looks over that a run begins with.
+void takeLook(const TerminalOptions& options, TerminalSettings& settings);
 
 } // namespace host

@@ -1,5 +1,6 @@
 #include "host/window/state/data_state_view.h"
 
+#include "host/window/language/TerminalLanguage.h"
 #include "platform/utils/exchange_time.h"
 
 namespace host {
@@ -38,12 +39,12 @@ const StateWords& wordsOf(Kel::EDataState state)
 
 QString sinceText(std::int64_t since)
 {
-    return since == 0 ? QString() : utils::clockText(since, false) + QStringLiteral(" 起，");
+    return since == 0 ? QString() : uiText("%1 起，").arg(utils::clockText(since, false));
 }
 
 QString filled(const char* text, const DataStateView& view)
 {
-    const QString words = QString::fromUtf8(text);
+    const QString words = uiText(text);
     return words.contains(QLatin1String("%1")) ? words.arg(sinceText(view.since)) : words;
 }
 
@@ -64,7 +65,7 @@ DataStateView viewOf(const Kel::CDataStateWatch& watch)
 
 QString stateWord(Kel::EDataState state)
 {
-    return QString::fromUtf8(wordsOf(state).word);
+    return uiText(wordsOf(state).word);
 }
 
 QString stateReason(const DataStateView& view)
@@ -72,9 +73,9 @@ QString stateReason(const DataStateView& view)
     QString text = stateWord(view.state);
     if (text.isEmpty())
         return text;
-    text += QStringLiteral("：") + filled(wordsOf(view.state).reason, view);
+    text += uiText("：") + filled(wordsOf(view.state).reason, view);
     if (view.missing > 0 && (view.state == Kel::eDataGap || view.state == Kel::eDataRebuilt))
-        text += QStringLiteral("（缺 %1 批）").arg(view.missing);
+        text += uiText("（缺 %1 批）").arg(view.missing);
     return text;
 }
 

@@ -1,5 +1,7 @@
 #include "host/window/workspace/PaneMenu.h"
 
+#include "host/window/language/TerminalLanguage.h"
+
 #include <QAction>
 #include <QContextMenuEvent>
 #include <QDockWidget>
@@ -39,11 +41,10 @@ QMenu* PaneMenu::makeMenu() const
     }
     menu->addSeparator();
     QDockWidget* dock = m_dock;
-    QAction* floating =
-        menu->addAction(dock->isFloating() ? QStringLiteral("放回窗口") : QStringLiteral("浮动"));
+    QAction* floating = menu->addAction(dock->isFloating() ? uiText("放回窗口") : uiText("浮动"));
     floating->setObjectName(QStringLiteral("paneFloat"));
     connect(floating, &QAction::triggered, dock, [dock] { dock->setFloating(!dock->isFloating()); });
-    QAction* closing = menu->addAction(QStringLiteral("关闭窗格"));
+    QAction* closing = menu->addAction(uiText("关闭窗格"));
     closing->setObjectName(QStringLiteral("paneClose"));
     connect(closing, &QAction::triggered, dock, &QWidget::close);
     return menu;

@@ -1,7 +1,9 @@
 #include "host/window/workspace/PaneTitle.h"
 
 #include "host/window/bar_icons.h"
+#include "host/window/language/TerminalLanguage.h"
 #include "host/window/state/StateBadge.h"
+#include "host/window/window_style.h"
 #include "host/window/workspace/PaneMenu.h"
 
 #include <QDockWidget>
@@ -27,8 +29,8 @@ PaneTitle::PaneTitle(QDockWidget* dock)
       m_row(new QHBoxLayout(this)),
       m_name(new QLabel(dock->windowTitle(), this)),
       m_badge(new StateBadge(this)),
-      m_float(addButton(QStringLiteral("PaneFloat"), QStringLiteral("浮动或放回"))),
-      m_close(addButton(QStringLiteral("PaneClose"), QStringLiteral("关闭窗格")))
+      m_float(addButton(QStringLiteral("PaneFloat"), "浮动或放回")),
+      m_close(addButton(QStringLiteral("PaneClose"), "关闭窗格"))
 {
     setObjectName(QStringLiteral("PaneTitle"));
     setAttribute(Qt::WA_StyledBackground);
@@ -63,15 +65,17 @@ void PaneTitle::resizeEvent(QResizeEvent* event)
 
 QSize PaneTitle::sizeHint() const
 {
-    return QSize(kLeastWidth, kHeight);
+    return QSize(kLeastWidth, std::max(kHeight, sizeOfText(kHeight)));
 }
 
-QToolButton* PaneTitle::addButton(const QString& name, const QString& tip)
+QToolButton* PaneTitle::addButton(const QString& name, const char* tip)
 {
     auto* button = new QToolButton(this);
     button->setObjectName(name);
-    button->setToolTip(tip);
-    button->setAccessibleName(tip);
+    keepSaid(button, [button, tip] {
+        button->setToolTip(uiText(tip));
+        button->setAccessibleName(button->toolTip());
+    });
     button->setFixedSize(kButton, kButton);
     button->setIconSize(QSize(kIcon, kIcon));
     button->setFocusPolicy(Qt::NoFocus); // the panes' menu does the same by keys
@@ -82,6 +86,7 @@ void PaneTitle::refreshIcons()
 {
     m_float->setIcon(floatIcon());
     m_close->setIcon(closeIcon());
+    updateGeometry(); // fonts may be of another size
 }
 
 } // namespace host

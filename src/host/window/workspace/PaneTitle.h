@@ -36,7 +36,7 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    QToolButton* addButton(const QString& name, const QString& tip);
+    QToolButton* addButton(const QString& name, const char* tip);
 
     QHBoxLayout* m_row;
     QLabel* m_name;

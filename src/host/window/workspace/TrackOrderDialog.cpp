@@ -1,5 +1,6 @@
 #include "host/window/workspace/TrackOrderDialog.h"
 
+#include "host/window/language/TerminalLanguage.h"
 #include "platform/resources/CUiResource.h"
 #include "platform/resources/mark_colors.h"
 #include "platform/utils/CSingletonT.h"
@@ -48,29 +49,29 @@ TrackOrderDialog::TrackOrderDialog(QWidget* parent)
       m_color(new QComboBox)
 {
     setObjectName(QStringLiteral("TrackOrderDialog"));
-    setWindowTitle(QStringLiteral("跟踪委托"));
+    setWindowTitle(uiText("跟踪委托"));
     m_time->setDisplayFormat(QStringLiteral("HH:mm:ss"));
     m_price->setRange(0, kMostPrice);
     m_lots->setRange(1, kMostLots);
-    m_side->addItem(QStringLiteral("买入"), kBuy);
-    m_side->addItem(QStringLiteral("卖出"), kSell);
+    m_side->addItem(uiText("买入"), kBuy);
+    m_side->addItem(uiText("卖出"), kSell);
     auto& theme = utils::CSingletonT<Zeb::CUiResource>::instance();
     for (int i = 0; i < static_cast<int>(std::size(kColorNames)); ++i) {
         QPixmap swatch(kSwatch, kSwatch);
         swatch.fill(*theme.getColor(QString::fromLatin1(Kel::markColorKey(i))));
-        m_color->addItem(swatch, QString::fromUtf8(kColorNames[i]), i);
+        m_color->addItem(swatch, uiText(kColorNames[i]), i);
     }
     setPriceTick(kUsualTick);
 
     auto* form = new QFormLayout(this);
-    form->addRow(QStringLiteral("时间"), m_time);
-    form->addRow(QStringLiteral("价格（元）"), m_price);
-    form->addRow(QStringLiteral("数量（手）"), m_lots);
-    form->addRow(QStringLiteral("方向"), m_side);
-    form->addRow(QStringLiteral("颜色"), m_color);
+    form->addRow(uiText("时间"), m_time);
+    form->addRow(uiText("价格（元）"), m_price);
+    form->addRow(uiText("数量（手）"), m_lots);
+    form->addRow(uiText("方向"), m_side);
+    form->addRow(uiText("颜色"), m_color);
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
-    buttons->button(QDialogButtonBox::Ok)->setText(QStringLiteral("跟踪"));
-    buttons->button(QDialogButtonBox::Cancel)->setText(QStringLiteral("取消"));
+    buttons->button(QDialogButtonBox::Ok)->setText(uiText("跟踪"));
+    buttons->button(QDialogButtonBox::Cancel)->setText(uiText("取消"));
     form->addRow(buttons);
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);

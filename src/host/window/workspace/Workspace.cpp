@@ -1,5 +1,6 @@
 #include "host/window/workspace/Workspace.h"
 
+#include "host/window/language/TerminalLanguage.h"
 #include "host/window/workspace/PaneTitle.h"
 #include "host/window/workspace/layouts.h"
 
@@ -39,7 +40,8 @@ Workspace::~Workspace() = default;
 
 QDockWidget* Workspace::add(const QString& id, const QString& title, QWidget* widget)
 {
-    auto* dock = new QDockWidget(title, this);
+    auto* dock = new QDockWidget(this);
+    keepSaid(dock, [dock, title] { dock->setWindowTitle(uiText(title)); });
     dock->setObjectName(QStringLiteral("Dock_") + id);
     dock->setProperty("pane", id);
     dock->setWidget(widget);

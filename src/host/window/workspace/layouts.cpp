@@ -1,5 +1,7 @@
 #include "host/window/workspace/layouts.h"
 
+#include "host/window/language/TerminalLanguage.h"
+
 #include <algorithm>
 #include <initializer_list>
 
@@ -22,23 +24,23 @@ const std::vector<Layout>& shippedLayouts()
     // Shares are pixels of a window of the usual size.
     static const std::vector<Layout> layouts = {
         {QStringLiteral("queue"),
-         QStringLiteral("队列台"),
+         sourceText("队列台"),
          {{{cell(100, {"list"})}, 285},
           {{cell(66, {"queue"}), cell(34, {"information", "orders"})}, 800},
           {{cell(100, {"ladder"})}, 265},
           {{cell(100, {"ticket", "levels"})}, 250}}},
         {QStringLiteral("tick"),
-         QStringLiteral("逐笔台"),
+         sourceText("逐笔台"),
          {{{cell(45, {"list"}), cell(55, {"levels"})}, 290},
           {{cell(52, {"queue"}), cell(48, {"orders"})}, 880},
           {{cell(100, {"deals"})}, 430}}},
         {QStringLiteral("chart"),
-         QStringLiteral("全息台"),
+         sourceText("全息台"),
          {{{cell(45, {"list"}), cell(55, {"levels"})}, 290},
           {{cell(58, {"chart"}), cell(42, {"zoom"})}, 910},
           {{cell(100, {"deals"})}, 400}}},
         {QStringLiteral("pair"),
-         QStringLiteral("双品种台"),
+         sourceText("双品种台"),
          {{{cell(45, {"list"}), cell(55, {"levels", "levels#2"})}, 330},
           {{cell(60, {"queue"}), cell(40, {"deals"})}, 635},
           {{cell(60, {"queue#2"}), cell(40, {"deals#2"})}, 635}}},

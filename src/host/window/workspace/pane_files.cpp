@@ -1,5 +1,7 @@
 #include "host/window/workspace/pane_files.h"
 
+#include "host/window/language/TerminalLanguage.h"
+
 #include <QApplication>
 #include <QDir>
 #include <QFileInfo>
@@ -15,8 +17,7 @@ constexpr int kPatienceMs = 400; // a shorter writing shows no window
 
 FileResult failed(const QString& file, const QString& reason)
 {
-    return {false,
-            QStringLiteral("无法写入 ") + QDir::toNativeSeparators(file) + QStringLiteral("：") + reason};
+    return {false, uiText("无法写入 %1：%2").arg(QDir::toNativeSeparators(file), reason)};
 }
 
 /// Devices and pipes are no place for a file: writing would put a file in their stead.
@@ -31,7 +32,7 @@ FileResult finish(QSaveFile& target)
     const QString file = target.fileName();
     if (!target.commit())
         return failed(file, target.errorString());
-    return {true, QStringLiteral("已导出 ") + QDir::toNativeSeparators(file)};
+    return {true, uiText("已导出 %1").arg(QDir::toNativeSeparators(file))};
 }
 
 } // namespace
@@ -39,11 +40,11 @@ FileResult finish(QSaveFile& target)
 FileResult writeTable(const PaneTable& table, const QString& file, bool gbk, QWidget* window)
 {
     if (isNoFile(file))
-        return failed(file, QStringLiteral("不是文件"));
+        return failed(file, uiText("不是文件"));
     QSaveFile target(file);
     if (!target.open(QIODevice::WriteOnly))
         return failed(file, target.errorString());
-    QProgressDialog progress(QStringLiteral("正在导出") + table.name, QStringLiteral("取消"), 0, 1, window);
+    QProgressDialog progress(uiText("正在导出%1").arg(table.name), uiText("取消"), 0, 1, window);
     progress.setWindowModality(Qt::WindowModal);
     progress.setMinimumDuration(kPatienceMs);
     const auto encoding = gbk ? Kel::ETableEncoding::eGbk : Kel::ETableEncoding::eUtf8WithMark;
@@ -58,8 +59,7 @@ FileResult writeTable(const PaneTable& table, const QString& file, bool gbk, QWi
         target.cancelWriting();
         if (result == Kel::ETableResult::eStopped)
             return {};
-        return failed(file, result == Kel::ETableResult::eListChanged ? QStringLiteral("导出时列表已更换")
-                                                                      : reason);
+        return failed(file, result == Kel::ETableResult::eListChanged ? uiText("导出时列表已更换") : reason);
     }
     return finish(target);
 }
@@ -67,7 +67,7 @@ FileResult writeTable(const PaneTable& table, const QString& file, bool gbk, QWi
 FileResult writePicture(QWidget& pane, const QString& file)
 {
     if (isNoFile(file))
-        return failed(file, QStringLiteral("不是文件"));
+        return failed(file, uiText("不是文件"));
     QSaveFile target(file);
     if (!target.open(QIODevice::WriteOnly))
         return failed(file, target.errorString());
