@@ -69,6 +69,8 @@ below, the whole book, and quotes with the order ticket." "${window[@]}" --layou
 the hologram strip of the runs of deals." "${window[@]}" --layout tick
   show "desk-chart-$theme" "The chart desk ($theme): every deal on an axis of traded volume, below it the zoomed view, \
 and the list of deals." "${window[@]}" --layout chart
+  show "desk-pair-$theme" "The desk of two instruments ($theme), each with its linking colour: queues beside each other, \
+deals below, one clock for both." "${window[@]}" --layout pair
 done
 
 heading "The order queue"

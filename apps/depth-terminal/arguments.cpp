@@ -166,7 +166,7 @@ bool readSpeed(const std::string& text, double& speed)
     }
     bool number = false;
     speed = QString::fromStdString(text).toDouble(&number);
-    return number && speed >= 0.1 && speed <= 100;
+    return number && speed >= 0.1 && speed <= 1000;
 }
 
 /// Takes the texts over. Empty, or what is wrong with one of them.
@@ -188,7 +188,7 @@ std::string take(const Texts& texts, host::TerminalOptions& options)
     if (!texts.at.empty() && !utils::parseTimeOfDay(QString::fromStdString(texts.at), options.at))
         return "--at: not a time of day: " + texts.at + " (10:30 or 09:25:03)";
     if (!readSpeed(texts.speed, options.speed))
-        return "--speed: not 0.1 to 100 or max: " + texts.speed;
+        return "--speed: not 0.1 to 1000 or max: " + texts.speed;
     const QSize smallest = texts.pane.empty() ? host::MainWindow::smallestSize() : kSmallestPane;
     if (!texts.size.empty() && !readSize(texts.size, smallest, options.size))
         return "--size: not a size of " + sizeText(smallest) + " to " +
@@ -220,7 +220,7 @@ bool readArguments(int argc, char** argv, host::TerminalOptions& options, int& e
     Texts texts;
     addSource(app, options.source, texts);
     app.add_option("--at", texts.at, "Time of day to begin at (09:30)")->type_name("HH:MM:SS");
-    app.add_option("--speed", texts.speed, "Times real time, 0.1 to 100, or max for as fast as possible (1)")
+    app.add_option("--speed", texts.speed, "Times real time, 0.1 to 1000, or max for as fast as possible (1)")
         ->type_name("X");
     app.add_flag("--paused", texts.paused, "Begin with the replay paused");
     addLook(app, texts);

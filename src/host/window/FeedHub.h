@@ -1,6 +1,7 @@
 #pragma once
 
 #include "feed/FeedSink.h"
+#include "host/window/SideBySide.h"
 #include "records/CInstrumentDetail.h"
 
 #include <QString>
@@ -8,14 +9,17 @@
 #include <boost/function.hpp>
 
 #include <atomic>
+#include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
 namespace host {
 
 /// Hands what a feed delivers to all panels. Receivers are added and changed on the GUI thread while nothing
-/// is delivered; they are called on the feed's thread, in their order, and only hand on.
+/// is delivered; they are called on the feed's thread, in their order. A large batch, of a history, goes to
+/// several of them at once on one more thread; each gets one call at a time, in the order of the feed.
 class FeedHub : public feed::FeedSink
 {
 public:
@@ -54,6 +58,9 @@ public:
                    const Kel::MetaCacheDataWrapperPtr& batch) override;
 
 private:
+    void forEach(std::size_t records, const std::function<void(const Receiver&)>& give);
+
+    SideBySide m_sideBySide;
     std::vector<Receiver> m_receivers;
     std::string m_market;
     std::string m_code;

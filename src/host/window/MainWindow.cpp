@@ -128,6 +128,7 @@ void MainWindow::connectReplay()
     connect(m_player.get(), &ReplayPlayer::began, this, [this] {
         m_groups.loaded();
         followReplay();
+        m_groups.lookNow();
         Q_EMIT shown();
     });
     connect(m_player.get(), &ReplayPlayer::stepped, this, &MainWindow::onStepped);

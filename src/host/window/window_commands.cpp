@@ -121,6 +121,7 @@ void MainWindow::stepReplay(EStep kind, bool back, int count)
 void MainWindow::onStepped(bool done)
 {
     followReplay();
+    m_groups.lookNow();
     if (!done)
         m_messages->showNote(uiText("这个方向没有更多记录"));
     Q_EMIT stepped();

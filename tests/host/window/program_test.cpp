@@ -62,7 +62,7 @@ TEST(TerminalProgram, RefusesWrongArgumentsWithOneLine)
         {QStringLiteral("--day"), QStringLiteral("/nonexistent"), QStringLiteral("--lose"),
          QStringLiteral("10:15+5s")},
         {QStringLiteral("--speed"), QStringLiteral("0.05")},
-        {QStringLiteral("--speed"), QStringLiteral("101")},
+        {QStringLiteral("--speed"), QStringLiteral("1001")},
         {QStringLiteral("--speed"), QStringLiteral("quick")},
         {QStringLiteral("--at"), QStringLiteral("25:00")},
         {QStringLiteral("--size"), QStringLiteral("10x10")},

@@ -146,6 +146,26 @@ TEST_F(Panes, ALayoutPutsColumnsSideBySideAndCellsBelowEachOther)
     }
 }
 
+TEST_F(Panes, TheFirstShowGivesColumnsTheirShares)
+{
+    for (const host::Layout& layout : host::shippedLayouts()) {
+        window.reset();
+        host::TerminalOptions options;
+        options.source = smallSource();
+        options.layout = layout.id;
+        window = std::make_unique<host::MainWindow>(options);
+        window->show();
+        window->start();
+        settle();
+        for (const host::LayoutColumn& column : layout.columns) {
+            const double share =
+                100.0 * workspace().dock(column.cells.front().panes.front())->width() / workspace().width();
+            EXPECT_NEAR(share, 100.0 * column.share / widthOf(layout), 5)
+                << layout.id.toStdString() << ' ' << column.cells.front().panes.front().toStdString();
+        }
+    }
+}
+
 TEST_F(Panes, TheLayoutOfTheOptionsIsShownFirst)
 {
     window.reset();

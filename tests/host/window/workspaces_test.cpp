@@ -5,6 +5,7 @@
 #include "host/window/PaneWindow.h"
 #include "host/window/TerminalActions.h"
 #include "host/window/WindowFixture.h"
+#include "host/window/workspace/PaneMenu.h"
 #include "host/window/workspace/Workspace.h"
 #include "platform/utils/exchange_time.h"
 
@@ -12,6 +13,7 @@
 
 #include <QAction>
 #include <QDockWidget>
+#include <QMenu>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -159,6 +161,23 @@ TEST_F(Windows, AFurtherWindowHasTheLookAndTheKeysOfTheMainOne)
     QTest::keyClick(second->windowHandle(), Qt::Key_T, Qt::ControlModifier);
     EXPECT_EQ(second->styleSheet(), window->styleSheet()) << "of the other theme now";
     window->setPlaying(false);
+}
+
+TEST_F(Windows, TheMenuOfAPaneHasItsCommandsInAFurtherWindowAsWell)
+{
+    ASSERT_TRUE(openAt(10, 30));
+    const auto commands = [this] {
+        const std::unique_ptr<QMenu> menu(
+            dock("deals")->titleBarWidget()->findChild<host::PaneMenu*>()->makeMenu());
+        QStringList names;
+        for (const QAction* action : menu->actions())
+            names.append(action->objectName());
+        return names;
+    };
+    const QStringList before = commands();
+    EXPECT_TRUE(before.contains(QStringLiteral("copy")));
+    spaces().move(dock("deals"), spaces().openWindow());
+    EXPECT_EQ(commands(), before);
 }
 
 TEST_F(Windows, TheTerminalClosesWithAllItsWindows)

@@ -106,6 +106,14 @@ void PaneGroups::follow(std::int64_t now)
         group.follow(now);
 }
 
+void PaneGroups::lookNow()
+{
+    for (const PaneGroup& group : m_groups) {
+        for (Pane* pane : group.panes())
+            pane->lookNow();
+    }
+}
+
 std::int64_t PaneGroups::records() const
 {
     std::int64_t sum = 0;

@@ -54,6 +54,9 @@ public:
     void loaded();
     void follow(std::int64_t now);
 
+    /// All panels look at their models at once.
+    void lookNow();
+
     /// Records that the feeds have delivered.
     std::int64_t records() const;
 

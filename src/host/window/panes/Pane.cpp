@@ -1,5 +1,7 @@
 #include "host/window/panes/Pane.h"
 
+#include <QTimer>
+
 namespace host {
 
 namespace {
@@ -35,6 +37,14 @@ void Pane::setSeen(bool seen)
 {
     if (QWidget* panel = contentWidget())
         panel->setVisible(seen);
+}
+
+void Pane::lookNow()
+{
+    for (QTimer* timer : findChildren<QTimer*>()) {
+        if (timer->isActive() && !timer->isSingleShot())
+            QMetaObject::invokeMethod(timer, "timeout", Qt::DirectConnection);
+    }
 }
 
 bool Pane::handleEvent(int id, int first, int second, QString text, void* pointer)

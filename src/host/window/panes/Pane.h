@@ -76,6 +76,9 @@ public:
     /// place.
     void setSeen(bool seen);
 
+    /// Lets the panel look at its models at once instead of at the next tick of its timers.
+    void lookNow();
+
     /// Room that the pane wants, pixels at 100 %.
     QSize sizeHint() const override { return m_wanted; }
     QSize minimumSizeHint() const override;

@@ -21,12 +21,17 @@ PaneMenu::PaneMenu(QDockWidget* dock, QWidget* title) : QObject(title), m_dock(d
     title->installEventFilter(this);
 }
 
-/// Of the nearest window around the dock that has it; a floating dock is still the child of its workspace.
+/// Of the nearest window around the dock that has it, a further window by what the main one serves it with; a
+/// floating dock is still the child of its workspace.
 QAction* PaneMenu::command(const QString& name) const
 {
     for (const QWidget* around = m_dock->parentWidget(); around; around = around->parentWidget()) {
         if (auto* action = around->findChild<QAction*>(name))
             return action;
+        for (QAction* action : around->actions()) {
+            if (action->objectName() == name)
+                return action;
+        }
     }
     return nullptr;
 }
