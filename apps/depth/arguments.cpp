@@ -211,8 +211,10 @@ struct Show
         command->add_option("--to", options.to, "End of a running day (15:00:30)")->type_name("TIME");
         addRefresh(*command, options.refreshMs);
         command->add_flag("--json", options.json, "Print the pages as JSON");
-        command->add_flag("--hash", options.hash,
-                          "Print a 64-bit figure of the engine's whole state at each time");
+        command->add_flag(
+            "--hash", options.hash,
+            "Print two 64-bit figures at each time: hash, of the order queue's whole state, and "
+            "panels, of what ladders, lists, quotes and chart show after a jump there");
         command->add_option("--color", color, "auto, always or never (auto)")
             ->check(CLI::IsMember({"auto", "always", "never"}));
         return command;

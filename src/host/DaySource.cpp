@@ -16,6 +16,8 @@
 namespace host {
 namespace {
 
+constexpr std::int64_t kMostOrdersWithLadders = 50000; // the ladders of a busier day fill gigabytes
+
 /// The kinds of the mainland's stock exchanges, and behind them one of each other market.
 const std::vector<feed::InstrumentKind>& kinds()
 {
@@ -73,7 +75,8 @@ bool loadArchive(const DaySource& source, feed::InstrumentDay& day, std::string&
     feed::DayArchiveReader::Options options;
     options.mostRejected = source.mostRejected;
     options.progress = bar.callback();
-    options.ladders = feed::DayArchiveReader::Ladders::Never; // no command has a use for them
+    options.ladders = source.ladders ? feed::DayArchiveReader::Ladders::WithoutOrders
+                                     : feed::DayArchiveReader::Ladders::Never;
     feed::DayArchiveReader reader(source.archive, options);
     if (reader.error()) {
         error = reader.error().text();
@@ -204,6 +207,8 @@ bool loadDay(const DaySource& source, feed::InstrumentDay& day, std::string& err
     day = {};
     day.detail = exchange.settings().detail;
     day.tradingDay = exchange.settings().tradingDay;
+    day.keepsLadders = source.ladders && settings.style == feed::FeedStyle::Level &&
+                       settings.orders <= kMostOrdersWithLadders;
     feed::LosingSink sink(day, exchange.timeAt(0), source.lose);
     exchange.runDay(sink);
     return true;

@@ -24,7 +24,12 @@ struct DaySource
     std::int64_t date = 0;               ///< yyyymmdd; 0 for the usual one
     std::string instrument;              ///< code or key ("600519", "SH600519"); of a simulated day the kind
     std::vector<feed::LostStretch> lose; ///< of the simulated day: what is lost on the line
-    double mostRejected = 0.01;          ///< share of a file's lines that may be rejected
+
+    /// Whether the delivered ladders of a day without orders are loaded, which are large; of a simulated day
+    /// of more than 50000 orders never.
+    bool ladders = false;
+
+    double mostRejected = 0.01; ///< share of a file's lines that may be rejected
 };
 
 /// Reads a stretch "10:15:00+5s": a time of day, and how long from then on in ms, s or m, at least 1 ms. Any

@@ -5,6 +5,8 @@
 
 #include "feed/archive/DayArchiveWriter.h"
 
+#include <QRegularExpression>
+
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
@@ -91,22 +93,57 @@ TEST(ProgramShow, ThePagesAreTheSameInEveryLocaleAndZone)
               usual.out.toStdString());
 }
 
-TEST(ProgramShow, TheHashIsTheSameForTheSameDayAndTime)
+TEST(ProgramShow, TheHashesAreTheSameForTheSameDayAndTime)
 {
     const QStringList base = {"show", "--seed", "9", "--day-orders", "500", "--json", "--hash"};
-    const auto hashes = [&](const QStringList& more) {
+    const auto hashes = [&](const char* name, const QStringList& more) {
         const ProgramRun run = runProgram(base + more);
         std::vector<std::string> all;
         const auto document = nlohmann::json::parse(run.out.toStdString());
         for (const auto& page : document["pages"])
-            all.push_back(page["hash"]);
+            all.push_back(page[name]);
         return all;
     };
-    const auto first = hashes({"--at", "10:00,14:00"});
-    ASSERT_EQ(first.size(), 2u);
-    EXPECT_EQ(first[0].size(), 16u);
-    EXPECT_NE(first[0], first[1]);
-    EXPECT_EQ(hashes({"--at", "10:00,14:00"}), first);
+    for (const char* name : {"hash", "panels"}) {
+        const auto first = hashes(name, {"--at", "10:00,14:00"});
+        ASSERT_EQ(first.size(), 2u) << name;
+        EXPECT_EQ(first[0].size(), 16u) << name;
+        EXPECT_NE(first[0], first[1]) << name;
+        EXPECT_EQ(hashes(name, {"--at", "10:00,14:00"}), first) << name;
+    }
+    const auto two = hashes("panels", {"--at", "10:00,14:00"});
+    EXPECT_EQ(hashes("panels", {"--at", "09:40,14:00"})[1], two[1]) << "whatever was shown before";
+}
+
+TEST(ProgramShow, BothHashesStandUnderEachPage)
+{
+    const ProgramRun run =
+        runProgram({"show", "--seed", "9", "--day-orders", "200", "--at", "10:00,14:00", "--hash"});
+    EXPECT_EQ(run.exitCode, 0) << run.err.toStdString();
+    EXPECT_EQ(run.lines().filter(QRegularExpression("^hash [0-9a-f]{16}$")).count(), 2);
+    EXPECT_EQ(run.lines().filter(QRegularExpression("^panels [0-9a-f]{16}$")).count(), 2);
+}
+
+TEST(ProgramShow, TheHashOfThePanelsCoversTheDeliveredLadders)
+{
+    SmallDay small;
+    small.snapshot();
+    feed::LadderRow ladder;
+    ladder.time = small.time();
+    ladder.buys.push_back({10.00, 300, {{1, small.time(), 300, 0}}});
+    const auto panels = [&](std::int64_t volume) {
+        SmallDay day = small;
+        ladder.buys[0].volume = volume;
+        day.day.ladders = {ladder};
+        QTemporaryDir folder;
+        EXPECT_TRUE(write(day, folder.path()));
+        const ProgramRun run =
+            runProgram({"show", "--day", folder.path(), "--at", "10:00", "--json", "--hash"});
+        EXPECT_EQ(run.exitCode, 0) << run.err.toStdString();
+        return nlohmann::json::parse(run.out.toStdString())["pages"][0]["panels"].get<std::string>();
+    };
+    EXPECT_EQ(panels(300), panels(300));
+    EXPECT_NE(panels(300), panels(500));
 }
 
 TEST(ProgramShow, WithoutTimesItPrintsAFew)

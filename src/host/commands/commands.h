@@ -46,8 +46,8 @@ struct ShowOptions
     ColorMode color = ColorMode::Auto;
     std::int64_t refreshMs = 0; ///< as for `verify`
     bool json = false;
-    bool hash = false;
-    double speed = 0;           ///< above 0: shows the day as it runs, so many times as fast as it was
+    bool hash = false; ///< of the engine's state and of what the panels' models show, not of a running day
+    double speed = 0;  ///< above 0: shows the day as it runs, so many times as fast as it was
     std::string from = "09:25"; ///< of a running day
     std::string to = "15:00:30";
 };

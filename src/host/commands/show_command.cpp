@@ -1,11 +1,15 @@
 #include "host/commands/commands.h"
 
+#include "feed/replay/ReplaySession.h"
 #include "host/DayPlayer.h"
+#include "host/PanelModels.h"
 
 #include <nlohmann/json.hpp>
 
 #include <algorithm>
+#include <cstdint>
 #include <cstdio>
+#include <optional>
 #include <ostream>
 #include <unistd.h>
 
@@ -16,12 +20,40 @@ constexpr int kSettleTicks = 3; // what the feed said last reaches the lists in 
 // Behind both auctions' matches, which come a moment after the full minute.
 const std::vector<std::string> kUsualTimes = {"09:25:03", "09:30:03", "10:30", "14:00", "15:00:05"};
 
-std::string hashText(const SteppedEngine& engine)
+std::string hashText(std::uint64_t hash)
 {
     char text[17];
-    std::snprintf(text, sizeof text, "%016llx", static_cast<unsigned long long>(stateHash(engine)));
+    std::snprintf(text, sizeof text, "%016llx", static_cast<unsigned long long>(hash));
     return text;
 }
+
+/// What the panels show when a replay jumps to a moment, wherever it was before.
+class PanelSeek
+{
+public:
+    explicit PanelSeek(const feed::InstrumentDay& day) : m_session(day, m_models, options())
+    {
+        m_models.open(day.detail);
+    }
+
+    std::uint64_t hashAt(std::int64_t time)
+    {
+        m_models.clear();
+        m_session.startAt(time);
+        return m_models.look().all();
+    }
+
+private:
+    static feed::ReplayOptions options()
+    {
+        feed::ReplayOptions options;
+        options.allSnapshots = true; // quote panels and charts look at the ones before
+        return options;
+    }
+
+    PanelModels m_models;
+    feed::ReplaySession m_session;
+};
 
 } // namespace
 
@@ -29,7 +61,9 @@ int runShow(const ShowOptions& options, std::ostream& out, std::ostream& err)
 {
     feed::InstrumentDay day;
     std::string error;
-    if (!loadDay(options.source, day, error))
+    DaySource source = options.source;
+    source.ladders = options.hash && options.speed <= 0; // the rows of the queue have no use for them
+    if (!loadDay(source, day, error))
         return fail(err, error);
     if (options.speed > 0)
         return showRunning(options, day, out, err);
@@ -54,6 +88,9 @@ int runShow(const ShowOptions& options, std::ostream& out, std::ostream& err)
     PageStyle style = options.page;
     style.color = !options.json && useColor(options.color, STDOUT_FILENO);
 
+    std::optional<PanelSeek> panels;
+    if (options.hash)
+        panels.emplace(day);
     nlohmann::json document;
     document["instrument"] = day.detail.market + day.detail.code;
     document["name"] = day.detail.name;
@@ -66,8 +103,10 @@ int runShow(const ShowOptions& options, std::ostream& out, std::ostream& err)
         engine.recalculate();
         if (options.json) {
             document["pages"].push_back(pageJson(engine, time, style));
-            if (options.hash)
-                document["pages"].back()["hash"] = hashText(engine);
+            if (options.hash) {
+                document["pages"].back()["hash"] = hashText(stateHash(engine));
+                document["pages"].back()["panels"] = hashText(panels->hashAt(time));
+            }
             continue;
         }
         if (!first)
@@ -75,8 +114,10 @@ int runShow(const ShowOptions& options, std::ostream& out, std::ostream& err)
         first = false;
         for (const QString& line : pageLines(engine, time, style))
             out << line.toStdString() << '\n';
-        if (options.hash)
-            out << "hash " << hashText(engine) << '\n';
+        if (options.hash) {
+            out << "hash " << hashText(stateHash(engine)) << '\n';
+            out << "panels " << hashText(panels->hashAt(time)) << '\n';
+        }
     }
     if (options.json)
         out << document.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) << '\n';

@@ -142,7 +142,7 @@ void MainWindow::goToMark(const std::optional<PhaseMark>& mark)
         return;
     }
     seek(mark->moment);
-    m_messages->showNote(mark->name);
+    m_messages->showNote(uiText(mark->name));
 }
 
 /// The current group's panels show the middle of the book and the latest records again.

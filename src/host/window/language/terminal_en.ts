@@ -242,5 +242,7 @@
   <message><source>收盘集合竞价</source><translation>Closing auction</translation></message>
   <message><source>数据缺口 %1 – %2</source><translation>Data missing %1 – %2</translation></message>
   <message><source>滞后，实际 %1 倍</source><translation>Lagging, in fact %1×</translation></message>
+  <message><source>这个方向没有更多记录</source><translation>There are no more records in this direction</translation></message>
+  <message><source>此日没有这个阶段</source><translation>This day has no such phase</translation></message>
 </context>
 </TS>
