@@ -52,8 +52,8 @@ TEST_F(TickTables, DealsInUtf8BeginWithTheByteOrderMark)
 
 TEST_F(TickTables, GbkHasNoMark)
 {
-    EXPECT_TRUE(
-        written(dealTable(deals), ETableEncoding::eGbk).startsWith("\xCA\xB1\xBC\xE4,\xBC\xDB\xB8\xF1,"));
+    EXPECT_TRUE(written(dealTable(deals), ETableEncoding::eGbk)
+                    .startsWith("\xCA\xB1\xBC\xE4,\xBC\xDB\xB8\xF1(\xD4\xAA),"));
 }
 
 TEST_F(TickTables, OrdersAndCancelsHaveTheirColumns)

@@ -99,7 +99,7 @@ void MainWindow::exportTable(bool gbk)
         tables = pane->tables();
     const DayPtr shown = day();
     if (tables.empty() || !shown) {
-        m_messages->showNote(uiText("请先点选要导出的逐笔列表"));
+        m_messages->showNote(uiText("请先点选要导出的窗格"));
         return;
     }
     std::size_t chosen = 0;

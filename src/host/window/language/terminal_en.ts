@@ -115,7 +115,7 @@
   <message><source>此日没有逐笔委托，也没有公布的队列：委托队列为空</source><translation>This day has neither orders nor published queues: the order queue stays empty</translation></message>
   <message><source>已取消载入</source><translation>Loading was cancelled</translation></message>
   <message><source>没有选中的行可复制</source><translation>No selected row to copy</translation></message>
-  <message><source>请先点选要导出的逐笔列表</source><translation>First click the list to be exported</translation></message>
+  <message><source>请先点选要导出的窗格</source><translation>First click the pane to be exported</translation></message>
   <message><source>导出 CSV</source><translation>Export CSV</translation></message>
   <message><source>导出图片</source><translation>Export picture</translation></message>
   <message><source>没有找到这样的限价委托</source><translation>No such limit order was found</translation></message>
