@@ -231,7 +231,7 @@ def main():
     options, options.arguments = parser.parse_known_args()
     for tool in ("Xvfb", "openbox", "xdotool"):
         if not shutil.which(tool):
-            print(f"user_session: {tool} is missing", file=sys.stderr)
+            print(f"user_session: {tool} is missing; apt-get install xvfb openbox xdotool", file=sys.stderr)
             return 77
     session = Session(options)
     print(f"seed {options.seed}, {options.minutes:g} minutes", flush=True)
