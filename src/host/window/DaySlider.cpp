@@ -107,6 +107,11 @@ void DaySlider::setPhases(std::vector<PhaseMark> phases)
 
 void DaySlider::setGaps(std::vector<DayStretch> gaps)
 {
+    const auto same = [](const DayStretch& one, const DayStretch& other) {
+        return one.begin == other.begin && one.end == other.end;
+    };
+    if (std::equal(gaps.begin(), gaps.end(), m_gaps.begin(), m_gaps.end(), same))
+        return;
     m_gaps = std::move(gaps);
     update();
 }

@@ -7,6 +7,7 @@
 #include "host/window/TerminalActions.h"
 #include "host/window/WindowFixture.h"
 #include "host/window/groups/GroupChip.h"
+#include "host/window/language/TerminalLanguage.h"
 #include "host/window/panes/pane_kinds.h"
 #include "host/window/workspace/Workspaces.h"
 #include "platform/resources/CUiResource.h"
@@ -274,6 +275,17 @@ TEST_F(Groups, AFurtherPaneStandsInTheMenuAndFollowsTheModes)
     EXPECT_EQ(dock("queue#2")->toggleViewAction()->text(), QStringLiteral("委托队列 2"));
     window->actions().action(QStringLiteral("mode4"))->trigger();
     EXPECT_EQ(second->modes().style, Kel::eQueueDetailVertical);
+}
+
+TEST_F(Groups, AFurtherPaneIsNamedInTheLanguageInForce)
+{
+    ASSERT_TRUE(openAt(10, 30));
+    ASSERT_TRUE(window->addPaneOfKind(QStringLiteral("queue")));
+    ASSERT_TRUE(host::TerminalLanguage::instance().setLanguage(QStringLiteral("en")));
+    EXPECT_EQ(dock("queue#2")->windowTitle(), dock("queue")->windowTitle() + QStringLiteral(" 2"));
+    EXPECT_NE(dock("queue")->windowTitle(), QStringLiteral("委托队列"));
+    host::TerminalLanguage::instance().setLanguage(QStringLiteral("zh"));
+    EXPECT_EQ(dock("queue#2")->windowTitle(), QStringLiteral("委托队列 2"));
 }
 
 TEST_F(Groups, AChipHasTheColourOfItsGroupAndItsName)

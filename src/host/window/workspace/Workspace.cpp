@@ -24,6 +24,15 @@ QList<int> sharesOf(int length, QList<int> weights)
     return weights;
 }
 
+/// In the language in force; a further pane has its number behind it.
+QString paneTitle(const QString& title)
+{
+    const int blank = title.lastIndexOf(QLatin1Char(' '));
+    bool numbered = false;
+    title.mid(blank + 1).toInt(&numbered);
+    return blank > 0 && numbered ? uiText(title.left(blank)) + title.mid(blank) : uiText(title);
+}
+
 } // namespace
 
 Workspace::Workspace(QWidget* parent) : QMainWindow(parent, Qt::Widget)
@@ -41,7 +50,7 @@ Workspace::~Workspace() = default;
 QDockWidget* Workspace::add(const QString& id, const QString& title, QWidget* widget)
 {
     auto* dock = new QDockWidget(this);
-    keepSaid(dock, [dock, title] { dock->setWindowTitle(uiText(title)); });
+    keepSaid(dock, [dock, title] { dock->setWindowTitle(paneTitle(title)); });
     dock->setObjectName(QStringLiteral("Dock_") + id);
     dock->setProperty("pane", id);
     dock->setWidget(widget);
