@@ -25,7 +25,8 @@ jobs=$(nproc)
 sanitized=(test_engine test_engine_truth test_feed test_models_holographic test_models_ladder test_models_status
   test_models_tick test_queue_view test_information test_level_panels)
 sanitized_labels='engine|models|feed|panel_threads'
-panels=(test_toolkit test_frame test_queue_view_rules test_thousand test_tick test_holographic test_terminal_window)
+panels=(test_toolkit test_frame test_queue_view_rules test_thousand test_tick test_holographic test_terminal_window
+  test_terminal_settings test_terminal_state)
 
 # Builds the targets (0 of them: all) of one preset, runs its tests and keeps ctest's output for the summary at the end.
 summaries=()
