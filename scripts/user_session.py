@@ -50,6 +50,8 @@ class Session:
         time.sleep(2)
         self.environment = dict(os.environ, DISPLAY=self.display, QT_QPA_PLATFORM="xcb")
         self.environment.setdefault("ASAN_OPTIONS", "quarantine_size_mb=32:detect_leaks=1:exitcode=99")
+        known = os.path.join(os.path.dirname(__file__), "..", "cmake", "lsan.supp")  # leaks of libraries
+        self.environment.setdefault("LSAN_OPTIONS", f"suppressions={os.path.abspath(known)}:print_suppressions=0")
         self.spawn(["openbox"])
         time.sleep(1)
         self.errors = open(os.path.join(self.folder, "errors"), "w+")
