@@ -73,12 +73,7 @@ FeedHub::Receiver TicketPane::receiver()
 
 QString TicketPane::selectedText() const
 {
-    const Kel::EntrustStatusData quote = m_panel->quote();
-    if (!quote.instrument)
-        return {};
-    const QStringList cells = quoteCells(quote, m_panel->getShelves(), m_panel->markedRow());
-    return cells.isEmpty() ? tableText(quoteTable(quote, m_panel->getShelves()), kMostCopiedRows)
-                           : rowText(cells);
+    return quoteText(m_panel->quote(), m_panel->getShelves(), m_panel->markedRow());
 }
 
 std::vector<PaneTable> TicketPane::tables() const

@@ -118,4 +118,12 @@ Kel::TickTable quoteTable(const Kel::EntrustStatusData& quote, int shelves)
     return fixedTable(levelColumns() << QStringLiteral("变化(手)"), std::move(rows));
 }
 
+QString quoteText(const Kel::EntrustStatusData& quote, int shelves, int markedRow)
+{
+    if (!quote.instrument)
+        return {};
+    const QStringList cells = quoteCells(quote, shelves, markedRow);
+    return cells.isEmpty() ? tableText(quoteTable(quote, shelves), kMostCopiedRows) : rowText(cells);
+}
+
 } // namespace host

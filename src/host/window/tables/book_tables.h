@@ -42,4 +42,7 @@ Kel::TickTable quoteTable(const Kel::EntrustStatusData& quote, int shelves);
 /// One row of it, counted from the top; empty outside.
 QStringList quoteCells(const Kel::EntrustStatusData& quote, int shelves, int row);
 
+/// What a copy of a quote panel takes: the marked row, else the whole table; empty without an instrument.
+QString quoteText(const Kel::EntrustStatusData& quote, int shelves, int markedRow);
+
 } // namespace host
